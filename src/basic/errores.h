@@ -1,0 +1,31 @@
+#pragma once
+// Run-time errors of the language the rules are written in. A procedure that would have
+// raised a run-time error throws ErrorVB; the handlers that trap errors catch it and show
+// the description, a line feed and the number as Str gives it.
+#include <QString>
+#include <exception>
+
+class ErrorVB : public std::exception {
+public:
+    ErrorVB(int numero, QString descripcion) : numero(numero), descripcion(std::move(descripcion)) {}
+    const char* what() const noexcept override { return "ErrorVB"; }
+    int numero;
+    QString descripcion;
+};
+
+// Numbers in use.
+enum : int {
+    kErrDesbordamiento = 6,      // "Desbordamiento"
+    kErrSinMemoria = 7,
+    kErrSubindice = 9,
+    kErrTipos = 13,
+    kErrArchivoNoEncontrado = 53,
+    kErrArchivoAbierto = 55,
+    kErrValorPropiedad = 380,
+    kErrSinImpresora = 482,
+    kErrBaseBloqueada = 3051,
+};
+
+// Convenience constructors with the runtime's Spanish texts.
+ErrorVB errorDesbordamiento();
+ErrorVB errorBaseDatos(const QString& texto, int numero = 3146);

@@ -1,0 +1,7 @@
+#include "shell/globales.h"
+
+Globales& G()
+{
+    static Globales globales;
+    return globales;
+}

@@ -1,0 +1,34 @@
+#pragma once
+// The one connection of the process (gdbBase) and the way every statement goes through it.
+// Values are bound as parameters, never pasted into SQL text. A failing statement throws
+// ErrorVB with the engine's text, so the handlers that trap errors can show it.
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QString>
+#include <QVariant>
+#include <QVariantList>
+
+// Opens the file as the one shared connection (busy timeout, WAL, foreign keys off) and keeps
+// its name in G().gdbBase. A file that is missing, locked or not a database throws ErrorVB
+// 3051 ("Base esta bloqueda" path of the start-up) or another number with the engine's text.
+void abrirBase(const QString& archivo);
+void cerrarBase();
+QSqlDatabase gdbBase();
+
+// Prepares, binds the values in order and runs; throws ErrorVB on failure.
+QSqlQuery ejecutar(const QString& sql, const QVariantList& valores = {});
+// First column of the first row, or an invalid QVariant when there is no row.
+QVariant escalar(const QString& sql, const QVariantList& valores = {});
+
+// One transaction around a multi-statement change: commit() makes it stand; leaving the
+// scope without commit() rolls everything back.
+class Transaccion {
+public:
+    Transaccion();
+    ~Transaccion();
+    void commit();
+    Transaccion(const Transaccion&) = delete;
+    Transaccion& operator=(const Transaccion&) = delete;
+private:
+    bool activa_ = false;
+};
