@@ -15,9 +15,11 @@ public:
 
 // Numbers in use.
 enum : int {
+    kErrArgumento = 5,           // "Llamada a procedimiento o argumento no válidos"
     kErrDesbordamiento = 6,      // "Desbordamiento"
     kErrSinMemoria = 7,
     kErrSubindice = 9,
+    kErrDivisionCero = 11,       // "División por cero"
     kErrTipos = 13,
     kErrArchivoNoEncontrado = 53,
     kErrArchivoAbierto = 55,
@@ -28,4 +30,7 @@ enum : int {
 
 // Convenience constructors with the runtime's Spanish texts.
 ErrorVB errorDesbordamiento();
+ErrorVB errorArgumento();        // 5: a negative length, a position before the first
+ErrorVB errorDivisionCero();     // 11
+ErrorVB errorTipos();            // 13: a text that is no number where a number is needed
 ErrorVB errorBaseDatos(const QString& texto, int numero = 3146);
