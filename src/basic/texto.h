@@ -26,6 +26,8 @@ bool IsNumeric(const QString& texto);
 // The numeric value that a numeric text stands for ("(1,234)" -> -1234, "1,234" -> 1234).
 // Precondition: IsNumeric(texto). Throws ErrorVB 13 otherwise.
 double CDbl(const QString& texto);
+// IsNumeric and CDbl in one step: false (valor untouched) when the text is no number.
+bool LeerNumerico(const QString& texto, double& valor);
 // Conversion to a 16-bit integer, rounding halves to even; overflow throws ErrorVB 6.
 qint16 CInt(double v);
 qint32 CLng(double v);

@@ -7,10 +7,14 @@
 // terminates on that rule.
 //
 // The member functions are implemented by concern:
+//   frm931.cpp          controls and their design state, focus and the tab order
+//   casillas_def.cpp    the master table of boxes
 //   casillas.cpp        box array, editing, focus, keys, pairs, help lines, tab pages
 //   identificacion.cpp  identification, regime groups, payment block, captions and period
 //   calculo.cpp         computation chain, tax, rate and coefficient
-//   validacion.cpp      the three validation passes
+//   carga.cpp           opening the form and putting the identification in place
+//   validacion_pestana.cpp  the check on leaving the identification tab
+//   validacion.cpp      the full and silent validation passes
 //   grabacion.cpp       loading, saving, leaving, order-number mode
 //   almacen.cpp         single casilla values to and from DET
 #include "form931/casillas.h"
@@ -126,6 +130,15 @@ public:
     static int casillaDeNombre(const QString& control);   // 0 when not a box
     // The Tab keystroke: focus to the next control in the window's tab order that can take it.
     void pTecla(const QString& tecla);
+    // The window's tab order, one name a stop (option groups are one stop: "optRenta").
+    static const QStringList& ordenTabulacion();
+    // Whether the control is enabled and visible with every frame that holds it (the page it
+    // stands on does not count: a rule may focus a control of another page).
+    bool puedeRecibirFoco(const QString& control) const;
+    // Pages that hold the control: SSTab1's page, and the inner tab control's name and page
+    // ("" and -1 when the control stands directly on SSTab1's page or outside the tabs).
+    struct UbicacionControl { int paginaSSTab1 = -1; QString subTab; int paginaSub = -1; };
+    static UbicacionControl ubicacion(const QString& control);
 
     // ------------------------------------------------------------------ form state
     bool mbModificado = false;
@@ -140,6 +153,25 @@ public:
         msCas813, msCas860, msCas056, msCas113;
     bool mbPrimeraVez = true;
     bool mbIndicesOk = false;
+    int Frame34Top = 140;            // twips: 140 after VScroll1_Change, 120 while dragging
+    int Frame34Left = 2280;
+
+    // The declarant's RUC: TxtNumRuc once the form shows it (modify mode, after the first save),
+    // else the first 11 characters of CmbRuc, trimmed.
+    QString rucDeclarante() const;
+    // Writes the text of a plain control of the form by name ("TxtTelefono", "MkePeriodo",
+    // "mkefecnot", "txtNumRes", "TxtNumOrdenF2305", "TxtNombreA", "TxtNombreN",
+    // "txtApellidoRL", "txtNombreRL", "TxtUbigeo", "TxtUbigeo2", "TxtRazon", "txtOrden",
+    // "txtverifica") and raises its change event when the text differs.
+    void escribirControl(const QString& control, const QString& texto);
+    Caja* cajaControl(const QString& control);   // nullptr: no such plain box
+    // A key typed in a plain control (not a casilla box): returns the key to type, 0 when
+    // dropped; Enter moves on where the window does so.
+    int teclaControl(const QString& control, int KeyAscii);
+    // Sets VScroll1's value as a rule or the user does, raising its change event.
+    void ponerVScroll(int valor);
+    // Help texts shown over a computed box; false when the box shows the general hint.
+    static bool ayudaCasilla(int n, QString& linea1, QString& linea2);
 
     // ------------------------------------------------------------------ events of the boxes
     void TxtValor_Change(int Index);
@@ -148,6 +180,8 @@ public:
     // Returns the key to type (0: dropped). Also runs Enter's navigation.
     int TxtValor_KeyPress(int Index, int KeyAscii);
     void TxtValor_KeyDown(int Index, int KeyCode, int Shift);
+    // The same, returning the key code that still reaches the box (0: dropped).
+    int TxtValor_KeyDownTecla(int Index, int KeyCode, int Shift);
     void TxtValor_DblClick(int Index);
     void TxtValor_MouseMove(int Index);
     void TxtValor_MouseDown(int Index, int Button);
@@ -205,6 +239,9 @@ public:
     void Balance();
     void Presentacion();
     void Presentacion2013();
+    // Headings of the balance tabs and msFechaBalance for the CboBalance index (0 or 1) in
+    // the family of the period's year.
+    void ponerTitulos(int indice);
     void pMuestraMarcos(bool f1, bool f2, bool f5);
 
     // ------------------------------------------------------------------ computation
@@ -253,4 +290,15 @@ public:
 
 private:
     void crearControles();
+    // Frames of a regime: shown and enabled for the chosen one, shut for the others.
+    void mostrarMarcosRegimen(int Index);
+    // The suspension of advance payments back to "No" with its boxes cleared.
+    void reponerSuspension();
+    // CboBalance's index set by a rule: raises the click when it changes.
+    void ponerIndiceBalance(int indice);
+    void navegarEnter(int Index, bool conTab);
+    void abrirAnexo(int Index);
+    // Focus in transit: a lost-focus rule that moves the focus redirects the move.
+    bool mbSaliendoFoco = false;
+    QString msFocoRedirigido;
 };

@@ -1,10 +1,494 @@
-// Saving, leaving and the order-number mode of the declaration form. In progress.
+// Saving, validating on request, leaving, and the order-number mode of the declaration form.
+//
+// A save writes the header, empties the declaration's DET rows and writes one row for each
+// filled box and answer, all in one transaction: a failure on the way leaves the stored
+// declaration as it was and shows the engine's text, the form keeps its work unsaved.
 #include "form931/frm931.h"
 
-void Frm931::Form_Unload() {}
-void Frm931::Cargacab() {}
-void Frm931::DesTodo() {}
-void Frm931::CmdGrabar_Click() {}
-void Frm931::CmdValidar_Click() {}
-void Frm931::cmdCancelar_Click() {}
-void Frm931::cmdPerdida_Click(int) {}
+#include "basic/errores.h"
+#include "basic/formato.h"
+#include "basic/msgbox.h"
+#include "basic/reloj.h"
+#include "basic/texto.h"
+#include "family/cutilqvl.h"
+#include "shell/comandos.h"
+#include "shell/globales.h"
+#include "store/base.h"
+#include "store/funciones.h"
+
+#include <QDate>
+#include <QSqlQuery>
+#include <QVariant>
+
+#include <exception>
+
+namespace {
+
+const QString kFechaVacia = QStringLiteral("__/__/____");
+const QString kCadenaTrabajo = QStringLiteral(" WHERE DOC_ID_D=? AND TIP_DOC_D=6 AND PERIODO=? AND FORMULARIO=?");
+
+namespace Texto {
+const QString PeriodoNoValido = QStringLiteral("El período no es válido");
+const QString Regimen = QStringLiteral("Debe señalar el regimen de renta");
+const QString Inicio = QStringLiteral("Señale el inicio de actividades en el ejercicio");
+const QString Anterior = QStringLiteral("Indique si obtuvo utilidad o pérdida en el Ejercicio anterior");
+const QString Precedente =
+    QStringLiteral("Indique si obtuvo utilidad o pérdida en el Ejercicio precedente al anterior");
+const QString MesBalance =
+    QStringLiteral("Seleccione el mes al que debe corresponder la presentación del balance");
+const QString ResolucionObligatoria = QStringLiteral(
+    "El ingreso de los datos de la Resolución y Fecha de Notificación son campos obligatorios");
+const QString ResolucionIncompleta = QStringLiteral("Número de Resolución incompleto");
+const QString ResolucionCeros = QStringLiteral("Debe ingresar un Número de Resolución");
+const QString NotificacionNoValida = QStringLiteral("La fecha de notificación no es válida");
+const QString NotificacionFueraDeRango = QStringLiteral(
+    "La fecha de notificación no puede ser anterior al 22/03/2013 ni mayor a la fecha del sistema");
+const QString SistemaPago = QStringLiteral("Debe seleccionar el sistema de pago.");
+const QString Contribuyente = QStringLiteral("Debe seleccionar un Contribuyente.");
+const QString AnioAgrario = QStringLiteral(
+    "El año de la fecha del formulario 4888 debe corresponder al año de la presentación");
+const QString FechaAgrarioFutura = QStringLiteral(
+    "La fecha de presentación del formulario 4888 no puede ser mayor a la fecha del sistema");
+const QString RucNoValido = QStringLiteral("El RUC no es Válido.");
+const QString RucIgual = QStringLiteral("El RUC no puede ser igual al RUC del Contribuyente.");
+const QString SinInconsistencias = QStringLiteral("La información de la declaración no presenta inconsistencias.");
+const QString GuardarCambios = QStringLiteral("¿El formulario ha sido modificado, desea guardar los cambios?");
+const QString OrdenCambiado = QStringLiteral(" El número de orden ha cambiado. ¿Desea guardar los cambios?");
+const QString OrdenNoValido = QStringLiteral("     El número de orden no es válido");
+const QString DigitoIncorrecto = QStringLiteral("     El digito Verificador es incorrecto");
+const QString OrdenGrabado =
+    QStringLiteral("El número de orden y el digito verificador fueron grabados satisfactoriamente.");
+const QString OrdenIncorrecto = QStringLiteral("El número de orden es incorrecto");
+const QString DigitoIncorrectoSalida = QStringLiteral("Digito verificador incorrecto");
+const QString SistemaPagoPerdida = QStringLiteral("Debe seleccionar el sistema de pago");
+const QString ConfirmaEliminar = QStringLiteral("¿Confirma que va a eliminar?");
+}  // namespace Texto
+
+// The hourglass for as long as the object lives (the main window shows it).
+class PunteroEspera {
+public:
+    PunteroEspera() { poner(true); }
+    ~PunteroEspera() { poner(false); }
+    PunteroEspera(const PunteroEspera&) = delete;
+    PunteroEspera& operator=(const PunteroEspera&) = delete;
+
+private:
+    static void poner(bool espera)
+    {
+        if (abridores().puntero)
+            abridores().puntero(espera);
+    }
+};
+
+// The text a trapped run-time error shows, as the form's handlers show it.
+void mostrarError(const ErrorVB& e)
+{
+    MsgBox(e.descripcion + QChar(10) + Str(static_cast<qint64>(e.numero)), vbOKOnly, QStringLiteral("Error"));
+}
+
+void mostrarError(const std::exception& e)
+{
+    mostrarError(ErrorVB(440, QString::fromLocal8Bit(e.what())));
+}
+
+// "yyyymmdd" of a "dd/mm/yyyy" text.
+QString aAnioMesDia(const QString& fecha)
+{
+    return Mid(fecha, 7, 4) + Mid(fecha, 4, 2) + Left(fecha, 2);
+}
+
+// Stored code of a Yes/No answer ("1", "0") or of a pair of buttons, "" when unanswered.
+QString codigoRespuesta(const GrupoOpciones& grupo)
+{
+    if (grupo.valor(1))
+        return QStringLiteral("1");
+    if (grupo.valor(0))
+        return QStringLiteral("0");
+    return QString();
+}
+
+bool largoDeOrden(const QString& orden)
+{
+    const int largo = Len(orden);
+    return largo >= 8 && largo <= 10;
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------------------------- saving
+
+void Frm931::CmdGrabar_Click()
+{
+    Globales& g = G();
+    PunteroEspera espera;
+    const qint16 estadoAntes = g.giEstadoGrabado;
+    try {
+        // The page that shows the control at fault, before its message.
+        auto aPagina = [this](int pagina1, int pagina2 = -1) {
+            SSTab1.Tab = pagina1;
+            if (pagina2 >= 0)
+                SSTab2.Tab = pagina2;
+        };
+        auto rehusa = [this](const QString& texto) { MsgBox(texto, vbCritical, Caption); };
+
+        // 1. Periods of the first half that can't be stored under the rules of 2013.
+        if (g.gsPeriodo == QLatin1String("201301") || g.gsPeriodo == QLatin1String("201306")) {
+            rehusa(Texto::PeriodoNoValido);
+            return;
+        }
+        // 2. The period of the rows: the year of gsPeriodo and the month of the balance date.
+        const QString anioPeriodo = Left(g.gsPeriodo, 4);
+        const int y = static_cast<int>(Val(anioPeriodo));
+        QString sPeriodo = anioPeriodo;
+        if (CboBalance.ListIndex == 0)
+            sPeriodo += y < 2013 ? QStringLiteral("01") : QStringLiteral("05");
+        else if (CboBalance.ListIndex == 1)
+            sPeriodo += y < 2013 ? QStringLiteral("06") : QStringLiteral("08");
+
+        // 3-6. Regime and payment block.
+        if (!optRenta.contestado()) {
+            aPagina(0, 0);
+            rehusa(Texto::Regimen);
+            return;
+        }
+        if (!OptInicio.contestado()) {
+            aPagina(0, 2);
+            rehusa(Texto::Inicio);
+            return;
+        }
+        if (OptInicio.valor(0)) {
+            if (!OptAnterior.contestado()) {
+                aPagina(0, 2);
+                rehusa(Texto::Anterior);
+                return;
+            }
+            if (!OptPrecedente.contestado()) {
+                aPagina(0, 2);
+                rehusa(Texto::Precedente);
+                return;
+            }
+        }
+        if (CboBalance.ListIndex == -1) {
+            aPagina(0, 2);
+            rehusa(Texto::MesBalance);
+            return;
+        }
+        // 7. The suspension of payments asks for its resolution.
+        if (Left(CboBalance.Text(), 11) == QLatin1String("31 DE JULIO") && OptSuspPC.valor(1)) {
+            const QString resolucion = txtNumRes.Text;
+            const QString notificacion = mkefecnot.Text;
+            QString falta;
+            if (Trim(resolucion).isEmpty() || notificacion == kFechaVacia)
+                falta = Texto::ResolucionObligatoria;
+            else if (Len(resolucion) < 13)
+                falta = Texto::ResolucionIncompleta;
+            else if (resolucion == QLatin1String("0000000000000"))
+                falta = Texto::ResolucionCeros;
+            else if (!gobjUtil().FechaEnRango(notificacion, QStringLiteral("01/01/1850"), QStringLiteral("01/01/2500")))
+                falta = Texto::NotificacionNoValida;
+            else if (const QString amd = aAnioMesDia(notificacion);
+                     amd < QLatin1String("20130322") || amd > Format(Hoy(), QStringLiteral("yyyymmdd")))
+                falta = Texto::NotificacionFueraDeRango;
+            if (!falta.isEmpty()) {
+                aPagina(0, 2);
+                rehusa(falta);
+                return;
+            }
+        }
+        // 8. Before 2013 the payment system must be known.
+        if (y < 2013 && LblSistema.Caption.isEmpty()) {
+            aPagina(0);
+            rehusa(Texto::SistemaPago);
+            return;
+        }
+        // 9. The taxpayer; a new declaration must not repeat a stored one.
+        const QString sRuc = miModo == 1 ? msRuc : Trim(Left(CmbRuc.Text(), 11));
+        if (miModo == 0 && OptInicio.b.value(0).Enabled
+            && escalar(QStringLiteral("SELECT 1 FROM CAB") + kCadenaTrabajo, {sRuc, sPeriodo, g.gsFormulario}).isValid()) {
+            aPagina(0);
+            rehusa(QStringLiteral("La declaración que desea registrar ya existe ") + sRuc
+                   + QStringLiteral(" Elija la opción modificar declaración o elija otro contribuyente."));
+            darFoco(QStringLiteral("CmbRuc"));
+            return;
+        }
+        // 10. A sent declaration only takes its order number.
+        if (g.gbEnviada && g.giOpcion == 2) {
+            grabarOrden();
+            return;
+        }
+        // 11. A new declaration needs its taxpayer.
+        if (miModo == 0 && sRuc.isEmpty()) {
+            aPagina(0, 0);
+            rehusa(Texto::Contribuyente);
+            darFoco(QStringLiteral("CmbRuc"));
+            return;
+        }
+        // 12. The date of the agrarian form.
+        if (optRenta.valor(1) && !MkePeriodo.Text.contains(QLatin1Char('_'))) {
+            const QString fecha = MkePeriodo.Text;
+            const QDate dia = QDate::fromString(fecha, QStringLiteral("dd/MM/yyyy"));
+            QString falta;
+            if (!ValidaPeriodo(fecha) || !dia.isValid())
+                falta = Texto::AnioAgrario;
+            else if (dia > Hoy())
+                falta = Texto::FechaAgrarioFutura;
+            if (!falta.isEmpty()) {
+                aPagina(0);
+                rehusa(falta);
+                darFoco(QStringLiteral("MkePeriodo"));
+                return;
+            }
+        }
+        // 13. The RUC of the accountant, and the legal representative's when it is a RUC.
+        auto rucAjeno = [&](int casilla) {
+            const QString ruc = Trim(txt(casilla));
+            QString falta;
+            if (ruc.isEmpty())
+                return true;
+            if (!ValidaDocumento(QStringLiteral("06"), ruc) || !gobjUtil().ValidaRuc(ruc))
+                falta = Texto::RucNoValido;
+            else if (ruc == sRuc)
+                falta = Texto::RucIgual;
+            if (falta.isEmpty())
+                return true;
+            marco(QStringLiteral("frame1(5)")).Visible = true;
+            SSTab1.Tab = 3;
+            SSTab4.Tab = 0;
+            rehusa(falta);
+            darFocoCasilla(casilla);
+            return false;
+        };
+        if (!rucAjeno(208))
+            return;
+        if (txt(225) == QLatin1String("06") && !rucAjeno(226))
+            return;
+
+        // 15-16. Losses of earlier years in hand, and the state the declaration is saved in.
+        // Both are read before the transaction: the silent pass may show a message.
+        const QVariant perdidas = escalar(QStringLiteral("SELECT count(*) AS nTotTemp FROM F0931_PTCEA") + kCadenaTrabajo,
+                                          {sRuc, g.gsPeriodo, g.gsFormulario});
+        g.giTotPerdida = perdidas.isNull() ? 0 : CInt(perdidas.toDouble());
+        bool bConsistente = true;
+        ValidaCompleto(bConsistente);
+        g.giEstadoGrabado = bConsistente ? 1 : 3;
+
+        {
+            Transaccion transaccion;
+            // 14, 17. The header.
+            grabarCabecera(sRuc, sPeriodo, bConsistente ? 0 : 9);
+            // 18. The rows are replaced as a whole.
+            ejecutar(QStringLiteral("DELETE FROM DET") + kCadenaTrabajo, {sRuc, sPeriodo, g.gsFormulario});
+            // 19. The boxes, in their order.
+            if (!optRenta.valor(5))
+                for (int n = 250; n <= 253; ++n)
+                    setTxt(n, QString());
+            for (int n : mvCasillas)
+                pGrabaCasilla(codigoCasilla(n), Trim(txt(n)), sRuc, sPeriodo);
+            // 20-21. The answers and texts without a box.
+            if (!optRenta.valor(2)) {
+                OptLeyAmazonia.apagar();
+                OptUbicAmazonia.apagar();
+                OptDomFiscal.apagar();
+                OptZona.apagar();
+            }
+            grabarSinCaja(sRuc, sPeriodo);
+            // 22. No loss claimed: no loss rows.
+            const QString perdida = Trim(txt(108));
+            if (perdida.isEmpty() || perdida == QLatin1String("0"))
+                ejecutar(QStringLiteral("DELETE FROM F0931_PTCEA") + kCadenaTrabajo, {sRuc, sPeriodo, g.gsFormulario});
+            transaccion.commit();
+        }
+
+        // 23. A new declaration, once saved, goes on as a stored one.
+        if (miModo == 0)
+            cerrarComoGrabada(sRuc);
+
+        // 24.
+        mbModificado = false;
+        if (g.giEstadoGrabado == 3)
+            MsgBox(MensajeError(152), vbExclamation, Caption);
+        else
+            MsgBox(MensajeError(151), vbInformation, Caption);
+        g.giEstadoGrabado = 1;
+    } catch (const ErrorVB& e) {
+        g.giEstadoGrabado = estadoAntes;
+        mostrarError(e);
+    } catch (const std::exception& e) {
+        g.giEstadoGrabado = estadoAntes;
+        mostrarError(e);
+    }
+}
+
+// ---------------------------------------------------------------------------------- order number
+
+void Frm931::Cargacab()
+{
+    const Globales& g = G();
+    QSqlQuery cab = ejecutar(QStringLiteral("SELECT NORDEN FROM HCAB") + kCadenaTrabajo + QStringLiteral(" AND CORREL=?"),
+                             {g.gsRuc, g.gsPeriodo, g.gsFormulario, g.gsCorrel});
+    if (cab.next() && !cab.value(0).isNull())
+        txtOrden.Text = cab.value(0).toString();
+}
+
+void Frm931::DesTodo()
+{
+    for (Caja* caja : {&TxtNumRuc, &TxtRazon, &TxtTelefono, &TxtNombreA, &TxtNombreN, &txtApellidoRL, &txtNombreRL})
+        caja->BackColor = kGris;
+    CboBalance.BackColor = kGris;
+    cboTipDocRepLegal.BackColor = kGris;
+    CmbZona.BackColor = kGris;
+    CmdValidar.Visible = false;
+    CmdGrabar.Caption = QStringLiteral("&Registrar Nro. Orden");
+    CmdGrabar.Width = 2000;
+    CmdGrabar.Left = 6100;
+    for (const char* nombre : {"Frame26", "Frame34", "Frame35", "Frame36", "Frame_General", "Frame15", "Frame19",
+                               "Frame21", "Frame20", "Frame13", "Frame16", "Frame14", "Frame9", "Frame17",
+                               "Frame6", "Frame7"})
+        marco(QString::fromLatin1(nombre)).Enabled = false;
+    for (int n : mvCasillas) {
+        Caja& c = caja(n);
+        c.Enabled = false;
+        c.BackColor = kGris;
+    }
+    for (Boton& b : cmdPerdida)
+        b.Enabled = false;
+}
+
+// ---------------------------------------------------------------------------------- validating
+
+void Frm931::CmdValidar_Click()
+{
+    Globales& g = G();
+    try {
+        g.gsMensaje.clear();
+        if (miModo == 0 && msRuc.isEmpty() && Trim(Left(CmbRuc.Text(), 11)).isEmpty()) {
+            SSTab1.Tab = 0;
+            MsgBox(Texto::Contribuyente, vbCritical, Caption);
+            return;
+        }
+        if (g.gsArchMens.isEmpty())
+            g.gsArchMens = g.gsPathSys + QStringLiteral("Mens.txt");
+        ValidaFormulario();
+        if (g.giError == 1) {
+            if (entorno)
+                entorno->abrirConsist();
+        } else {
+            MsgBox(Texto::SinInconsistencias, vbExclamation, Caption);
+            g.giEstadoGrabado = 2;
+        }
+    } catch (const ErrorVB& e) {
+        mostrarError(e);
+    }
+}
+
+// ---------------------------------------------------------------------------------- leaving
+
+void Frm931::cmdCancelar_Click()
+{
+    Globales& g = G();
+    g.giEstadoGrabado = 3;
+    auto vaciarGlobales = [&g] {
+        g.gsUbigeoSel.clear();
+        g.gsUbigeoCopia.clear();
+        g.gsZonaSel.clear();
+    };
+    try {
+        bool seguir = true;
+        if (g.gbEnviada && mbModificado) {
+            if (MsgBox(Texto::OrdenCambiado, vbYesNo + vbQuestion, Caption) == vbYes) {
+                seguir = false;
+                const QString orden = txtOrden.Text;
+                if (!largoDeOrden(orden)) {
+                    MsgBox(Texto::OrdenIncorrecto, vbCritical, Caption);
+                    return;
+                }
+                if (!gobjUtil().ValidaOrden(g.gsControl, Trim(orden), Trim(txtverifica.Text))) {
+                    MsgBox(Texto::DigitoIncorrectoSalida, vbCritical, Caption);
+                    return;
+                }
+                CmdGrabar_Click();
+            }
+        } else if (mbModificado) {
+            const int respuesta = MsgBox(Texto::GuardarCambios, vbYesNoCancel + vbQuestion, Caption);
+            if (respuesta == vbCancel)
+                return;
+            if (respuesta == vbYes) {
+                seguir = false;
+                CmdGrabar_Click();
+            }
+        }
+        if (seguir) {
+            // A header left with cNumero "0" by an interrupted save of another program of the
+            // family is a broken declaration: it goes with its rows.
+            const QVariantList clave{Trim(Left(CmbRuc.Text(), 11)), g.gsPeriodo, g.gsFormulario};
+            QSqlQuery cab = ejecutar(QStringLiteral("SELECT cNumero FROM CAB") + kCadenaTrabajo, clave);
+            const bool roto = cab.next() && cab.value(0).toString() == QLatin1String("0");
+            cab.finish();
+            if (roto) {
+                Transaccion transaccion;
+                for (const char* tabla : {"CAB", "DET", "ACTA"})
+                    ejecutar(QStringLiteral("DELETE FROM ") + QLatin1String(tabla) + kCadenaTrabajo, clave);
+                transaccion.commit();
+            }
+            if (entorno)
+                entorno->pBarraEstado(QString(), QString(), QString(), g.gsFormulario);
+        }
+    } catch (const ErrorVB& e) {
+        mostrarError(e);
+    }
+    vaciarGlobales();
+    descargar();
+}
+
+void Frm931::Form_Unload()
+{
+    if (miModo == 1 && entorno)
+        entorno->mostrarContAbrir();
+}
+
+// ---------------------------------------------------------------------------------- loss rows
+
+void Frm931::cmdPerdida_Click(int Index)
+{
+    Globales& g = G();
+    try {
+        // The rows are keyed by the full period: the month follows the balance date.
+        const QString anio = Left(g.gsPeriodo, 4);
+        const bool antes2013 = Val(anio) < 2013;
+        if (CboBalance.ListIndex == 0)
+            g.gsPeriodo = anio + (antes2013 ? QStringLiteral("01") : QStringLiteral("05"));
+        else if (CboBalance.ListIndex == 1)
+            g.gsPeriodo = anio + (antes2013 ? QStringLiteral("06") : QStringLiteral("08"));
+        if (g.gsPeriodo.isEmpty()) {
+            MsgBox(Texto::SistemaPagoPerdida, vbCritical, Caption);
+            return;
+        }
+        const QString ruc = msRuc.isEmpty() ? Trim(Left(CmbRuc.Text(), 11)) : Trim(msRuc);
+        // The grid's current row is its first one.
+        const bool sinFilas = grdPerdidaTributaria.isEmpty();
+        if (Index == 0) {
+            g.gsRucPerdida = ruc;
+            g.gsModoPerdida = QStringLiteral("0");
+            if (entorno)
+                entorno->abrirPerdida();
+        } else if (Index == 1) {
+            if (sinFilas)
+                return;
+            g.gsRucPerdida = ruc;
+            g.gsModoPerdida = QStringLiteral("1");
+            g.gsAnhoPerdida = grdPerdidaTributaria.first().first;
+            g.gsImportePerdida = grdPerdidaTributaria.first().second;
+            if (entorno)
+                entorno->abrirPerdida();
+        } else if (Index == 2) {
+            if (sinFilas)
+                return;
+            if (MsgBox(Texto::ConfirmaEliminar, vbYesNo + vbQuestion + vbDefaultButton2, Caption) == vbYes)
+                ejecutar(QStringLiteral("DELETE FROM F0931_PTCEA") + kCadenaTrabajo + QStringLiteral(" AND ANHO=?"),
+                         {ruc, g.gsPeriodo, g.gsFormulario, grdPerdidaTributaria.first().first});
+        }
+        SSTab4_Click(SSTab4.Tab);
+    } catch (const ErrorVB& e) {
+        mostrarError(e);
+    }
+}

@@ -1,6 +1,7 @@
 #pragma once
 // Process-wide values through which the windows hand data to one another. They keep their
 // names; every piece of code reaches them through G(), and each test resets them.
+#include <QMap>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -63,6 +64,11 @@ struct Globales {
     qint16 gnPosTexto = 0, gnPosCuadro = 0;
     qint16 gnTipoRpt = 2;
     qint16 gbPorHojas = 0, gnHojaDesde = 0, gnHojaHasta = 0;
+    // Reports: named casilla texts of the declaration loaded for printing (5, 28, 200, 223,
+    // 601-610, 802-818, 860, by number), the legal representative (817, blank, 818) and the
+    // payment-record mark ("128" when ACTA says so; nothing reads it).
+    QMap<int, QString> gaNombradasRpt;
+    QString gsRepresentanteRpt, gsAsistenteRpt;
 
     void reiniciar() { *this = Globales(); }
 };

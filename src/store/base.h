@@ -21,7 +21,9 @@ QSqlQuery ejecutar(const QString& sql, const QVariantList& valores = {});
 QVariant escalar(const QString& sql, const QVariantList& valores = {});
 
 // One transaction around a multi-statement change: commit() makes it stand; leaving the
-// scope without commit() rolls everything back.
+// scope without commit() rolls everything back. Nested objects are safe: while one is open,
+// an inner one neither begins nor commits (the outer one decides), and an inner one left
+// without commit() makes the outer commit() roll back and throw.
 class Transaccion {
 public:
     Transaccion();
@@ -30,5 +32,7 @@ public:
     Transaccion(const Transaccion&) = delete;
     Transaccion& operator=(const Transaccion&) = delete;
 private:
-    bool activa_ = false;
+    bool activa_ = false;      // this object began the engine's transaction
+    bool contada_ = false;     // this object counts in the nesting depth
+    bool confirmada_ = false;
 };

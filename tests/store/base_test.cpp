@@ -1,0 +1,251 @@
+// The connection, transactions, the creation of a new database and the loader's parsers.
+#include "comun/base_prueba.h"
+
+#include "basic/errores.h"
+#include "shell/globales.h"
+#include "store/base.h"
+#include "store/crear.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace {
+
+int errorDe(const std::function<void()>& f)
+{
+    try {
+        f();
+    } catch (const ErrorVB& e) {
+        return e.numero;
+    }
+    return 0;
+}
+
+// ---- opening --------------------------------------------------------------------------------
+
+TEST(AbrirBase, ArchivoQueNoEsBaseOQueFalta)
+{
+    QTemporaryDir dir;
+    const QString falta = dir.filePath(QStringLiteral("no_existe.db"));
+    EXPECT_EQ(errorDe([&] { abrirBase(falta); }), kErrBaseBloqueada);
+    EXPECT_FALSE(QFileInfo::exists(falta)) << "abrir no debe crear el archivo";
+    EXPECT_TRUE(G().gdbBase.isEmpty());
+
+    const QString texto = dir.filePath(QStringLiteral("texto.db"));
+    QFile f(texto);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(QByteArray(4096, 'x'));
+    f.close();
+    EXPECT_EQ(errorDe([&] { abrirBase(texto); }), kErrBaseBloqueada);
+    EXPECT_TRUE(G().gdbBase.isEmpty());
+
+    EXPECT_EQ(errorDe([&] { abrirBase(dir.path()); }), kErrBaseBloqueada);   // a folder
+    EXPECT_EQ(errorDe([&] { ejecutar(QStringLiteral("SELECT 1")); }), 91);   // nothing open
+}
+
+TEST(AbrirBase, ConexionCompartidaConSusAjustes)
+{
+    QTemporaryDir dir;
+    const QString archivo = dir.filePath(QStringLiteral("base con espacio.db"));
+    crearBaseDatos(archivo, false);
+    abrirBase(archivo);
+    EXPECT_EQ(G().gdbBase, gdbBase().connectionName());
+    EXPECT_EQ(escalar(QStringLiteral("PRAGMA journal_mode")).toString(), QStringLiteral("wal"));
+    EXPECT_EQ(escalar(QStringLiteral("PRAGMA busy_timeout")).toInt(), 5000);
+    EXPECT_EQ(escalar(QStringLiteral("PRAGMA foreign_keys")).toInt(), 0);
+    EXPECT_EQ(escalar(QStringLiteral("SELECT count(*) FROM CONT")).toInt(), 0);   // no demo asked
+    cerrarBase();
+    EXPECT_TRUE(G().gdbBase.isEmpty());
+    EXPECT_FALSE(gdbBase().isValid());
+}
+
+TEST(AbrirBase, SentenciaFallidaLlevaElTextoDelMotor)
+{
+    FamiliaPrueba familia;
+    try {
+        ejecutar(QStringLiteral("SELECT * FROM NO_HAY"));
+        FAIL();
+    } catch (const ErrorVB& e) {
+        EXPECT_TRUE(e.descripcion.contains(QStringLiteral("NO_HAY"))) << e.descripcion.toStdString();
+    }
+}
+
+// ---- transactions ---------------------------------------------------------------------------
+
+class Transacciones : public PruebaConBase {
+protected:
+    static void agregar(const char* usuario)
+    {
+        ejecutar(QStringLiteral("INSERT INTO CLAVES (Usuario, Tipo) VALUES (?, '1')"), {QString::fromLatin1(usuario)});
+    }
+    static int usuarios() { return escalar(QStringLiteral("SELECT count(*) FROM CLAVES")).toInt(); }
+};
+
+TEST_F(Transacciones, SinCommitNoQuedaNada)
+{
+    const int antes = usuarios();
+    {
+        Transaccion t;
+        agregar("U1");
+        agregar("U2");
+        EXPECT_EQ(usuarios(), antes + 2);
+    }
+    EXPECT_EQ(usuarios(), antes);
+}
+
+TEST_F(Transacciones, UnFalloAMitadDeshaceLoAnterior)
+{
+    const int antes = usuarios();
+    EXPECT_THROW(
+        {
+            Transaccion t;
+            agregar("U1");
+            agregar("U1");   // the unique key refuses the second
+            t.commit();
+        },
+        ErrorVB);
+    EXPECT_EQ(usuarios(), antes);
+}
+
+TEST_F(Transacciones, AnidadasConfirmaLaExterior)
+{
+    const int antes = usuarios();
+    {
+        Transaccion exterior;
+        {
+            Transaccion interior;
+            agregar("U1");
+            interior.commit();
+        }
+        agregar("U2");
+        exterior.commit();
+    }
+    EXPECT_EQ(usuarios(), antes + 2);
+
+    // An inner commit doesn't make anything stand while the outer one is open.
+    {
+        Transaccion exterior;
+        {
+            Transaccion interior;
+            agregar("U3");
+            interior.commit();
+        }
+    }
+    EXPECT_EQ(usuarios(), antes + 2);
+}
+
+TEST_F(Transacciones, InteriorSinCommitAnulaLaExterior)
+{
+    const int antes = usuarios();
+    {
+        Transaccion exterior;
+        agregar("U1");
+        {
+            Transaccion interior;
+            agregar("U2");
+        }
+        EXPECT_THROW(exterior.commit(), ErrorVB);
+    }
+    EXPECT_EQ(usuarios(), antes);
+    // The connection is usable again afterwards.
+    Transaccion otra;
+    agregar("U4");
+    otra.commit();
+    EXPECT_EQ(usuarios(), antes + 1);
+}
+
+// ---- creation -------------------------------------------------------------------------------
+
+TEST(CrearBase, RehusaSobrescribir)
+{
+    QTemporaryDir dir;
+    const QString archivo = dir.filePath(QStringLiteral("QL000.db"));
+    QFile f(archivo);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("datos de otro programa");
+    f.close();
+    EXPECT_EQ(errorDe([&] { crearBaseDatos(archivo, true); }), 58);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_EQ(f.readAll(), QByteArray("datos de otro programa"));
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+}
+
+TEST(CrearBase, CarpetaInexistenteNoDejaNada)
+{
+    QTemporaryDir dir;
+    EXPECT_EQ(errorDe([&] { crearBaseDatos(dir.filePath(QStringLiteral("falta/QL000.db")), true); }), 76);
+    EXPECT_TRUE(QDir(dir.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).isEmpty());
+}
+
+TEST(CrearBase, SoloQuedaElArchivoFinal)
+{
+    QTemporaryDir dir;
+    const QString archivo = dir.filePath(QStringLiteral("QL000.db"));
+    crearBaseDatos(archivo, true);
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("QL000.db")});
+    abrirBase(archivo);
+    EXPECT_EQ(escalar(QStringLiteral("SELECT count(*) FROM CONT")).toInt(), Demo::contribuyentes().size());
+    EXPECT_EQ(escalar(QStringLiteral("SELECT Tipo FROM CLAVES WHERE Usuario=?"), {Demo::kUsuarioAdmin}).toString(),
+              QStringLiteral("0"));
+    EXPECT_EQ(escalar(QStringLiteral("SELECT Tipo FROM CLAVES WHERE Usuario=?"), {Demo::kUsuarioContador}).toString(),
+              QStringLiteral("1"));
+    EXPECT_EQ(escalar(QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type='table'")).toInt(), 13);
+    // Defaults of the columns the saves leave alone.
+    ejecutar(QStringLiteral("INSERT INTO DET (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, CASILLA) VALUES (6, 'X', '202605', '0931', '180')"));
+    QSqlQuery q = ejecutar(QStringLiteral("SELECT SEMANA, idcasilla FROM DET"));
+    ASSERT_TRUE(q.next());
+    EXPECT_EQ(q.value(0).toInt(), 0);
+    EXPECT_FALSE(q.value(1).toString().isEmpty());
+    cerrarBase();
+}
+
+TEST(CrearBase, ComandoDeLaLineaDeOrdenes)
+{
+    if (!QFileInfo::exists(QStringLiteral(F931_BIN_F931)))
+        GTEST_SKIP() << "f931 no está compilado";
+    QTemporaryDir dir;
+    const QString archivo = dir.filePath(QStringLiteral("nueva.db"));
+    QProcess p;
+    p.start(QStringLiteral(F931_BIN_F931), {QStringLiteral("crear-base"), archivo});
+    ASSERT_TRUE(p.waitForFinished(60000));
+    EXPECT_EQ(p.exitCode(), 0) << p.readAllStandardError().toStdString();
+    EXPECT_TRUE(QFileInfo::exists(archivo));
+
+    p.start(QStringLiteral(F931_BIN_F931), {QStringLiteral("crear-base"), archivo});
+    ASSERT_TRUE(p.waitForFinished(60000));
+    EXPECT_EQ(p.exitCode(), 2);
+    const QString err = QString::fromUtf8(p.readAllStandardError());
+    EXPECT_EQ(err.count(QLatin1Char('\n')), 1) << err.toStdString();
+    EXPECT_TRUE(err.contains(QStringLiteral("ya existe"))) << err.toStdString();
+}
+
+// ---- loader parsers -------------------------------------------------------------------------
+
+TEST(Cargador, SentenciasRespetanComillasYComentarios)
+{
+    const QStringList s = sentenciasSql(QStringLiteral("-- a; comment\nCREATE TABLE A (X TEXT DEFAULT ';');\n"
+                                                       "\n  CREATE INDEX I ON A (X) ; -- end;\n"));
+    EXPECT_EQ(s, (QStringList{QStringLiteral("CREATE TABLE A (X TEXT DEFAULT ';')"),
+                              QStringLiteral("CREATE INDEX I ON A (X)")}));
+}
+
+TEST(Cargador, CsvConservaBlancosYComillas)
+{
+    const QList<QStringList> f = filasCsv(QStringLiteral("# comment, ignored\nA,B,C\n"
+                                                          "044,6,REG  UNICO   11 \n"
+                                                          "004,00,\n"
+                                                          "976,\"0004\",\"Corea, \"\"Sur\"\"\"\r\n"));
+    ASSERT_EQ(f.size(), 4);
+    EXPECT_EQ(f.at(0), (QStringList{"A", "B", "C"}));
+    EXPECT_EQ(f.at(1), (QStringList{"044", "6", "REG  UNICO   11 "}));
+    EXPECT_EQ(f.at(2), (QStringList{"004", "00", ""}));
+    EXPECT_EQ(f.at(3), (QStringList{"976", "0004", "Corea, \"Sur\""}));
+}
+
+}  // namespace

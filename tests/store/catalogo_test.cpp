@@ -1,0 +1,156 @@
+// The shipped catalogue and the readers of its fixed positions.
+#include "comun/base_prueba.h"
+
+#include "basic/texto.h"
+#include "store/base.h"
+#include "store/param.h"
+
+#include <QSqlQuery>
+#include <gtest/gtest.h>
+
+namespace {
+
+class Catalogo : public PruebaConBase {};
+
+struct Cuenta {
+    const char* numero;
+    int filas;
+};
+
+TEST_F(Catalogo, CuentaLasFilasDeCadaCatalogo)
+{
+    for (const Cuenta& c : {Cuenta{"001", 1891}, Cuenta{"030", 25}, Cuenta{"031", 196}, Cuenta{"044", 6},
+                            Cuenta{"004", 17}, Cuenta{"140", 140}, Cuenta{"404", 27}, Cuenta{"976", 249},
+                            Cuenta{"975", 0}}) {
+        EXPECT_EQ(escalar(QStringLiteral("SELECT count(*) FROM PARAM WHERE Numero=?"), {c.numero}).toInt(), c.filas)
+            << c.numero;
+    }
+    EXPECT_EQ(escalar(QStringLiteral("SELECT min(Argumento) || '-' || max(Argumento) FROM PARAM WHERE Numero='404'"))
+                  .toString(),
+              QStringLiteral("2000-2026"));
+}
+
+TEST_F(Catalogo, CadaDistritoYProvinciaTieneSuPadre)
+{
+    EXPECT_EQ(escalar(QStringLiteral("SELECT count(*) FROM PARAM d WHERE d.Numero='001' AND NOT EXISTS"
+                                     " (SELECT 1 FROM PARAM p WHERE p.Numero='031' AND p.Argumento=substr(d.Argumento,1,4))"))
+                  .toInt(),
+              0);
+    EXPECT_EQ(escalar(QStringLiteral("SELECT count(*) FROM PARAM p WHERE p.Numero='031' AND NOT EXISTS"
+                                     " (SELECT 1 FROM PARAM d WHERE d.Numero='030' AND d.Argumento=substr(p.Argumento,1,2))"))
+                  .toInt(),
+              0);
+}
+
+TEST_F(Catalogo, CasillasDelFormularioConAtributoEnDiezOnce)
+{
+    for (const char* casilla : {"500", "555", "432", "610", "651", "002", "056", "721", "818"}) {
+        const QString f = escalar(QStringLiteral("SELECT Funcion FROM PARAM WHERE Numero='140' AND Argumento=?"),
+                                  {QStringLiteral("0931") + QLatin1String(casilla)})
+                              .toString();
+        EXPECT_EQ(Mid(f, 10, 2).size(), 2) << casilla;
+        EXPECT_NE(Trim(Mid(f, 10, 2)), QString()) << casilla;
+    }
+}
+
+struct CasoDescripcion {
+    QString (*funcion)(const QString&);
+    const char* codigo;
+    const char* esperado;
+};
+
+TEST_F(Catalogo, DescripcionesPorCodigo)
+{
+    const CasoDescripcion casos[] = {
+        {DescDepartamento, "15", "Lima"},
+        {DescDepartamento, "150101", "Lima"},     // only the first two characters count
+        {DescDepartamento, "02", "Áncash"},
+        {DescDepartamento, "99", ""},
+        {DescProvincia, "150101", "Lima"},        // the first four
+        {DescProvincia, "0101", "Chachapoyas"},
+        {DescDistrito, "010102", "Asunción"},
+        {DescDistrito, "0101", ""},               // the whole code
+    };
+    for (const CasoDescripcion& c : casos)
+        EXPECT_EQ(c.funcion(QString::fromUtf8(c.codigo)), QString::fromUtf8(c.esperado)) << c.codigo;
+}
+
+TEST_F(Catalogo, DescripcionSeCortaEnSuAncho)
+{
+    // A district name beyond 30 characters shows its first 30.
+    ejecutar(QStringLiteral("UPDATE PARAM SET Funcion=? WHERE Numero='001' AND Argumento='010101'"),
+             {QStringLiteral("123456789012345678901234567890XYZ")});
+    EXPECT_EQ(DescDistrito(QStringLiteral("010101")), QStringLiteral("123456789012345678901234567890"));
+}
+
+TEST_F(Catalogo, UitDelUltimoAnhoNoPosteriorAlPeriodo)
+{
+    const struct {
+        const char* periodo;
+        const char* uit;
+    } casos[] = {{"202605", "5500"}, {"2026", "5500"}, {"202512", "5350"}, {"201301", "3700"},
+                 {"200001", "2900"}, {"199912", ""}, {"203001", "5500"}};
+    for (const auto& c : casos)
+        EXPECT_EQ(getUITTexto(QString::fromLatin1(c.periodo)), QString::fromLatin1(c.uit)) << c.periodo;
+}
+
+TEST_F(Catalogo, ZonasConElCodigoAlFinal)
+{
+    const QStringList items = pCargaZona();
+    ASSERT_EQ(items.size(), 26);
+    EXPECT_EQ(items.first(), QString(115, QLatin1Char(' ')) + QStringLiteral("00"));
+    EXPECT_EQ(items.at(1), QStringLiteral("Amazonas") + QString(100, QLatin1Char(' ')) + QStringLiteral("01"));
+    // "Madre de Dios" fits in 15, longer names are cut to 15.
+    ejecutar(QStringLiteral("UPDATE PARAM SET Funcion=? WHERE Numero='030' AND Argumento='17'"),
+             {QStringLiteral("ZONA DE PRUEBA MUY LARGA")});
+    const QStringList otra = pCargaZona();
+    EXPECT_TRUE(otra.contains(QStringLiteral("ZONA DE PRUEBA ") + QString(100, QLatin1Char(' ')) + QStringLiteral("17")));
+    for (const QString& item : otra)
+        EXPECT_EQ(Right(item, 2), Trim(Right(item, 2)));
+}
+
+// Items of the legal representative's document types: position 82.
+TEST_F(Catalogo, TiposDeDocumentoDelRepresentanteLegal)
+{
+    const QString blanco(75, QLatin1Char(' '));
+    const auto item = [](const char* cod, const char* corto, const char* atributos) {
+        return QString::fromLatin1(cod) + QStringLiteral("  -  ") + QString::fromLatin1(corto).leftJustified(60)
+               + QLatin1Char(' ') + QString::fromLatin1(atributos);
+    };
+    EXPECT_EQ(pLlenaTipoDoc(82, true),
+              (QStringList{blanco, item("06", "RUC", "11 0 1"), item("01", "DNI", "08 0 1")}));
+    EXPECT_EQ(pLlenaTipoDoc(82, false), (QStringList{item("06", "RUC", "11 0 1"), item("01", "DNI", "08 0 1")}));
+}
+
+TEST_F(Catalogo, TipoConCeroEnLaPosicionNoAparece)
+{
+    // Turn off the DNI at 82, turn on the passport.
+    ejecutar(QStringLiteral("UPDATE PARAM SET Funcion=substr(Funcion,1,81) || ? || substr(Funcion,83)"
+                            " WHERE Numero='044' AND Argumento=?"),
+             {QStringLiteral("0"), QStringLiteral("1")});
+    ejecutar(QStringLiteral("UPDATE PARAM SET Funcion=substr(Funcion,1,81) || ? || substr(Funcion,83)"
+                            " WHERE Numero='044' AND Argumento=?"),
+             {QStringLiteral("1"), QStringLiteral("7")});
+    const QStringList items = pLlenaTipoDoc(82, false);
+    ASSERT_EQ(items.size(), 2);
+    EXPECT_TRUE(items.at(0).startsWith(QStringLiteral("06  -  RUC")));
+    EXPECT_TRUE(items.at(1).startsWith(QStringLiteral("07  -  PASAPORTE")));
+    EXPECT_TRUE(items.at(1).endsWith(QStringLiteral(" 12 1 0")));
+}
+
+TEST_F(Catalogo, OrdenDePosiciones56y57ComoTexto)
+{
+    // As text "10" comes before "9 ": the RUC goes first although 10 > 9.
+    ejecutar(QStringLiteral("UPDATE PARAM SET Funcion=substr(Funcion,1,55) || ? || substr(Funcion,58)"
+                            " WHERE Numero='044' AND Argumento=?"),
+             {QStringLiteral("9 "), QStringLiteral("1")});
+    ejecutar(QStringLiteral("UPDATE PARAM SET Funcion=substr(Funcion,1,55) || ? || substr(Funcion,58)"
+                            " WHERE Numero='044' AND Argumento=?"),
+             {QStringLiteral("10"), QStringLiteral("6")});
+    const QStringList items = pLlenaTipoDoc(82, false);
+    ASSERT_EQ(items.size(), 2);
+    EXPECT_TRUE(items.at(0).startsWith(QStringLiteral("06")));
+    EXPECT_TRUE(items.at(1).startsWith(QStringLiteral("01")));
+}
+
+}  // namespace

@@ -1,0 +1,274 @@
+// General functions over the test database: spool counters, messages, user type, document
+// rules, the taxpayer list, dates, and the deletion of whole declarations.
+#include "comun/base_prueba.h"
+
+#include "basic/errores.h"
+#include "family/cutilqvl.h"
+#include "shell/globales.h"
+#include "store/base.h"
+#include "store/funciones.h"
+#include "store/param.h"
+
+#include <QSqlQuery>
+#include <gtest/gtest.h>
+
+namespace {
+
+class Funciones : public PruebaConBase {};
+
+// ---- spool register -------------------------------------------------------------------------
+
+TEST_F(Funciones, SpoolCuentaPorReporteYArchivoGlobal)
+{
+    struct Paso {
+        const char* reporte;
+        const char* archivo;
+        const char* secuencia;
+    };
+    const Paso pasos[] = {
+        {"RCP001", "00000001.PRN", "000001"},   // a fresh database starts both counters at 1
+        {"RCP002", "00000002.PRN", "000001"},   // another report: its own sequence, the global file
+        {"RCP001", "00000003.PRN", "000002"},
+        {"RCP001", "00000004.PRN", "000003"},
+    };
+    for (const Paso& p : pasos) {
+        EXPECT_EQ(pRegistraSpool(QString::fromLatin1(p.reporte), 6, DatosDemo::kRucAndina),
+                  QString::fromLatin1(p.archivo));
+        QSqlQuery q = ejecutar(QStringLiteral("SELECT CodRep, Secuencia, Usuario, Tip_doc_d, doc_id_d, Fecha"
+                                              " FROM SPOOL WHERE Archivo=?"),
+                               {QString::fromLatin1(p.archivo)});
+        ASSERT_TRUE(q.next()) << p.archivo;
+        EXPECT_EQ(q.value(0).toString(), QString::fromLatin1(p.reporte));
+        EXPECT_EQ(q.value(1).toString(), QString::fromLatin1(p.secuencia));
+        EXPECT_EQ(q.value(2).toString(), DatosDemo::kAdmin);
+        EXPECT_EQ(q.value(3).toInt(), 6);
+        EXPECT_EQ(q.value(4).toString(), DatosDemo::kRucAndina);
+        EXPECT_FALSE(q.value(5).isNull());
+    }
+}
+
+TEST_F(Funciones, SpoolSigueAlMayorExistente)
+{
+    ejecutar(QStringLiteral("INSERT INTO SPOOL (CodRep, Secuencia, Archivo) VALUES (?, ?, ?)"),
+             {"RCP001", "000041", "00000099.PRN"});
+    EXPECT_EQ(pRegistraSpool(QStringLiteral("RCP001"), 6, DatosDemo::kRucAndina), QStringLiteral("00000100.PRN"));
+    EXPECT_EQ(escalar(QStringLiteral("SELECT max(Secuencia) FROM SPOOL")).toString(), QStringLiteral("000042"));
+}
+
+// ---- messages and user ----------------------------------------------------------------------
+
+TEST_F(Funciones, MensajesPorCodigo)
+{
+    EXPECT_EQ(MensajeError(151), QStringLiteral("La información de la declaración fue grabada satisfactoriamente."));
+    EXPECT_EQ(MensajeError(39), QStringLiteral("Debe seleccionar el Ubigeo."));
+    EXPECT_EQ(MensajeError(9999), QString());
+}
+
+TEST_F(Funciones, Mensaje152SinFilaEnLaTabla)
+{
+    ejecutar(QStringLiteral("DELETE FROM ERROR"));
+    EXPECT_EQ(MensajeError(152), QStringLiteral("La información de la declaración fue grabada con inconsistencias. "
+                                                "En estas condiciones no podra ser enviada a TAVEN."));
+    EXPECT_EQ(MensajeError(151), QString());
+}
+
+TEST_F(Funciones, TipoDeUsuario)
+{
+    const struct {
+        QString usuario;
+        const char* tipo;
+    } casos[] = {{DatosDemo::kAdmin, "0"}, {DatosDemo::kContador, "1"}, {QStringLiteral("NADIE"), "1"}};
+    for (const auto& c : casos) {
+        familia.comoUsuario(c.usuario);
+        EXPECT_EQ(TipoUsuario(), QString::fromLatin1(c.tipo)) << c.usuario.toStdString();
+    }
+}
+
+// ---- document rules -------------------------------------------------------------------------
+
+struct CasoDocumento {
+    const char* tipo;
+    const char* numero;
+    bool valido;
+    const char* longitud130;   // when set, position 130 of the RUC row is changed first
+};
+
+void PrintTo(const CasoDocumento& c, std::ostream* os) { *os << c.tipo << "/" << c.numero; }
+
+class ValidaDocumentoCasos : public PruebaConBase, public ::testing::WithParamInterface<CasoDocumento> {};
+
+TEST_P(ValidaDocumentoCasos, Responde)
+{
+    const CasoDocumento& c = GetParam();
+    if (c.longitud130)
+        ejecutar(QStringLiteral("UPDATE PARAM SET Funcion=substr(Funcion,1,129) || ? WHERE Numero='044' AND Argumento='6'"),
+                 {QString::fromLatin1(c.longitud130)});
+    EXPECT_EQ(ValidaDocumento(QString::fromLatin1(c.tipo), QString::fromLatin1(c.numero)), c.valido);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Tabla, ValidaDocumentoCasos,
+    ::testing::Values(
+        CasoDocumento{"06", "20100001234", true, nullptr},
+        CasoDocumento{"6", "20100001234", true, nullptr},
+        CasoDocumento{"06", "2010000123", false, nullptr},     // exact length 11
+        CasoDocumento{"06", "2010000123", true, "0"},          // length 11 as a maximum: 10 passes
+        CasoDocumento{"06", "201000012345", false, "0"},       // but 12 doesn't
+        CasoDocumento{"06", "2010000123A", false, nullptr},    // digits only
+        CasoDocumento{"01", "12345678", true, nullptr},
+        CasoDocumento{"01", "1234567", false, nullptr},
+        CasoDocumento{"04", "ABC123", true, nullptr},          // alphanumeric, up to 12
+        CasoDocumento{"04", "ABC1234567890", false, nullptr},
+        CasoDocumento{"", "12345678", false, nullptr},
+        CasoDocumento{"01", "   ", false, nullptr},
+        CasoDocumento{"99", "12345678", false, nullptr}));     // no row in the catalogue
+
+// ---- taxpayer list --------------------------------------------------------------------------
+
+TEST_F(Funciones, ContribuyentesDelAdministradorTodos)
+{
+    const Sentencia s = sentenciaContribuyentes(QStringLiteral("0931"));
+    EXPECT_TRUE(s.valores.isEmpty());
+    EXPECT_FALSE(s.sql.contains(QStringLiteral("Usuario"), Qt::CaseInsensitive));
+    const QString sep(7, QLatin1Char(' '));
+    EXPECT_EQ(pCargaContrib(), (QStringList{DatosDemo::kRucPersona + sep + DatosDemo::kNombrePersona,
+                                            DatosDemo::kRucAndina + sep + DatosDemo::kNombreAndina,
+                                            DatosDemo::kRucAmazonia + sep + DatosDemo::kNombreAmazonia,
+                                            DatosDemo::kRucPacifico + sep + DatosDemo::kNombrePacifico,
+                                            DatosDemo::kRucNorte + sep + DatosDemo::kNombreNorte}));
+}
+
+TEST_F(Funciones, ContribuyentesDeOtroUsuarioSoloLosSuyos)
+{
+    familia.comoUsuario(DatosDemo::kContador);
+    const Sentencia s = sentenciaContribuyentes(QStringLiteral("0931"));
+    EXPECT_EQ(s.valores, QVariantList{DatosDemo::kContador});
+    EXPECT_EQ(ComboContribuyentes(QStringLiteral("0931")), s.sql);
+    const QStringList items = pCargaContrib();
+    ASSERT_EQ(items.size(), 3);   // the DNI row of the same user stays out
+    EXPECT_TRUE(items.at(0).startsWith(DatosDemo::kRucPersona));
+    EXPECT_TRUE(items.at(1).startsWith(DatosDemo::kRucAndina));
+    EXPECT_TRUE(items.at(2).startsWith(DatosDemo::kRucPacifico));
+
+    familia.comoUsuario(QStringLiteral("NADIE"));
+    EXPECT_TRUE(pCargaContrib().isEmpty());
+}
+
+TEST_F(Funciones, LongitudExactaDelRucFiltraLaLista)
+{
+    ejecutar(QStringLiteral("INSERT INTO CONT (TIP_DOC_D, DOC_ID_D, NOMBRE, USUARIO) VALUES (6, ?, ?, ?)"),
+             {"2010000123", "RUC CORTO", DatosDemo::kAdmin});
+    EXPECT_EQ(pCargaContrib().size(), 5);
+    // Without the catalogue row, the constant row holds: length 11 but not exact.
+    ejecutar(QStringLiteral("DELETE FROM PARAM WHERE Numero='044' AND Argumento='6'"));
+    EXPECT_FALSE(ComboContribuyentes(QStringLiteral("0931")).contains(QStringLiteral("length")));
+    EXPECT_EQ(pCargaContrib().size(), 6);
+    EXPECT_TRUE(ComboContribuyentes(QStringLiteral("0675")).contains(QStringLiteral("Tipo_Ingreso=2")));
+}
+
+// ---- dates and counters (today is 22/11/2026) -----------------------------------------------
+
+TEST(FechasYContadores, FechaNoFutura)
+{
+    const struct {
+        const char* fecha;
+        bool esperado;
+    } casos[] = {{"22/11/2026", true}, {"23/11/2026", false}, {"01/12/2026", false}, {"31/10/2026", true},
+                 {"01/01/2027", false}, {"31/12/2025", true}, {"30/11/2025", true}};
+    for (const auto& c : casos)
+        EXPECT_EQ(FechaNoFutura(QString::fromLatin1(c.fecha)), c.esperado) << c.fecha;
+}
+
+TEST(FechasYContadores, FechaTexto)
+{
+    EXPECT_EQ(FechaTexto(QStringLiteral("20261122")), QStringLiteral("22/11/2026"));
+    EXPECT_EQ(FechaTexto(QStringLiteral("20130322")), QStringLiteral("22/03/2013"));
+    EXPECT_EQ(FechaTexto(QString()), QString());
+    EXPECT_THROW(FechaTexto(QStringLiteral("AAAAMMDD")), ErrorVB);
+}
+
+TEST(FechasYContadores, SumaDeDieciseisBits)
+{
+    qint16 n = 32766;
+    EXPECT_EQ(fSuma(n, 1), QStringLiteral("32767"));
+    EXPECT_EQ(n, 32767);
+    try {
+        fSuma(n, 1);
+        FAIL() << "debió desbordar";
+    } catch (const ErrorVB& e) {
+        EXPECT_EQ(e.numero, kErrDesbordamiento);
+    }
+    EXPECT_EQ(n, 32767);
+    qint16 m = 0;
+    EXPECT_EQ(fSuma(m, -5), QStringLiteral("-5"));
+}
+
+TEST_F(Funciones, DemoConRucsValidos)
+{
+    for (const Demo::Contribuyente& c : Demo::contribuyentes())
+        if (c.tipoDoc == 6)
+            EXPECT_TRUE(gobjUtil().ValidaRuc(c.documento)) << c.documento.toStdString();
+}
+
+// ---- deletion of declarations ---------------------------------------------------------------
+
+int filas(const char* tabla, const QString& ruc)
+{
+    return escalar(QStringLiteral("SELECT count(*) FROM ") + QLatin1String(tabla) + QStringLiteral(" WHERE DOC_ID_D=?"),
+                   {ruc})
+        .toInt();
+}
+
+void declaracionTrabajo(const QString& ruc, const QString& periodo, const QString& formulario)
+{
+    const QVariantList k = {ruc, periodo, formulario};
+    ejecutar(QStringLiteral("INSERT INTO CAB (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO) VALUES (6, ?, ?, ?)"), k);
+    ejecutar(QStringLiteral("INSERT INTO DET (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, CASILLA, I_VALOR)"
+                            " VALUES (6, ?, ?, ?, '100', '5')"), k);
+    ejecutar(QStringLiteral("INSERT INTO ACTA (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO) VALUES (6, ?, ?, ?)"), k);
+    ejecutar(QStringLiteral("INSERT INTO F0931_PTCEA (Tip_doc_d, Doc_id_d, Periodo, Formulario, Anho, Importe)"
+                            " VALUES (6, ?, ?, ?, '2025', '100')"), k);
+}
+
+TEST_F(Funciones, EliminarDeclaracionDeTrabajoSoloLaSuya)
+{
+    declaracionTrabajo(DatosDemo::kRucAndina, QStringLiteral("202605"), QStringLiteral("0931"));
+    declaracionTrabajo(DatosDemo::kRucAndina, QStringLiteral("202608"), QStringLiteral("0931"));
+    declaracionTrabajo(DatosDemo::kRucNorte, QStringLiteral("202605"), QStringLiteral("0931"));
+    declaracionTrabajo(DatosDemo::kRucNorte, QStringLiteral("202608"), QStringLiteral("0675"));
+    eliminarDeclaracion(DatosDemo::kRucAndina, QStringLiteral("202605"));
+    eliminarDeclaracion(DatosDemo::kRucNorte, QStringLiteral("202608"));   // another form: untouched
+    for (const char* t : {"CAB", "DET", "ACTA", "F0931_PTCEA"}) {
+        EXPECT_EQ(filas(t, DatosDemo::kRucAndina), 1) << t;
+        EXPECT_EQ(filas(t, DatosDemo::kRucNorte), 2) << t;
+    }
+    EXPECT_EQ(escalar(QStringLiteral("SELECT PERIODO FROM CAB WHERE DOC_ID_D=?"), {DatosDemo::kRucAndina}).toString(),
+              QStringLiteral("202608"));
+}
+
+TEST_F(Funciones, EliminarDeclaracionEnviadaPorCorrelativo)
+{
+    for (const char* correl : {"01", "02"}) {
+        const QVariantList k = {DatosDemo::kRucAndina, QString::fromLatin1(correl)};
+        ejecutar(QStringLiteral("INSERT INTO HCAB (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, CORREL, ESTADO)"
+                                " VALUES (6, ?, '202605', '0931', ?, 1)"), k);
+        ejecutar(QStringLiteral("INSERT INTO HACTA (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, CORREL)"
+                                " VALUES (6, ?, '202605', '0931', ?)"), k);
+        ejecutar(QStringLiteral("INSERT INTO HF0931_PTCEA (Tip_doc_d, Doc_id_d, Periodo, Formulario, CORREL, Anho)"
+                                " VALUES (6, ?, '202605', '0931', ?, '2025')"), k);
+        // The box rows go with any type but 0.
+        for (int tipo : {6, 1, 0})
+            ejecutar(QStringLiteral("INSERT INTO HDET (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, CORREL, CASILLA)"
+                                    " VALUES (?, ?, '202605', '0931', ?, ?)"),
+                     {tipo, DatosDemo::kRucAndina, QString::fromLatin1(correl), QString::number(100 + tipo)});
+    }
+    G().gsFormulario = QStringLiteral("0931");
+    eliminarDeclaracionEnviada(DatosDemo::kRucAndina, QStringLiteral("202605"), QStringLiteral("01"));
+    EXPECT_EQ(filas("HCAB", DatosDemo::kRucAndina), 1);
+    EXPECT_EQ(filas("HACTA", DatosDemo::kRucAndina), 1);
+    EXPECT_EQ(filas("HF0931_PTCEA", DatosDemo::kRucAndina), 1);
+    EXPECT_EQ(filas("HDET", DatosDemo::kRucAndina), 4);   // 3 of correl 02, the type-0 row of 01
+    EXPECT_EQ(escalar(QStringLiteral("SELECT count(*) FROM HDET WHERE CORREL='01' AND TIP_DOC_D=0")).toInt(), 1);
+}
+
+}  // namespace
