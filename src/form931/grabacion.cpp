@@ -113,6 +113,167 @@ bool largoDeOrden(const QString& orden)
     return largo >= 8 && largo <= 10;
 }
 
+// Casilla 056 by the button of optRenta.
+const QStringList kCodigosRegimen{QStringLiteral("4"), QStringLiteral("1"), QStringLiteral("2"),
+                                  QStringLiteral("3"), QStringLiteral("6"), QStringLiteral("8")};
+
+// Unload Me: the form's unload event, then the window goes.
+void descargar(Frm931& f)
+{
+    if (f.cerrado)
+        return;
+    f.cerrado = true;
+    f.Form_Unload();
+    if (f.entorno)
+        f.entorno->cerrarFormulario();
+}
+
+// The CAB row of the declaration: added with its key, or the existing one edited.
+void grabarCabecera(const Frm931& f, const QString& sRuc, const QString& sPeriodo, int estado)
+{
+    const Globales& g = G();
+    const QString fecPro = Format(Hoy(), Mascara::Fecha);
+    const QString rectifica = codigoRespuesta(f.OptRectifica);
+    QSqlQuery actual = ejecutar(QStringLiteral("SELECT rowid, * FROM CAB") + kCadenaTrabajo, {sRuc, sPeriodo, g.gsFormulario});
+    if (actual.next()) {
+        // Columns after rowid: TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, SEMANA, FEC_PRO, ESTADO,
+        // RECTIFICA, BCOLIBRAD, CHEQUE, NROCHEQUE, EFECTIVO, cNumero.
+        const qint64 fila = actual.value(0).toLongLong();
+        QVariantList columnas;
+        for (int i = 1; i < actual.record().count(); ++i)
+            columnas << actual.value(i);
+        actual.finish();
+        columnas[5] = fecPro;
+        columnas[6] = estado;
+        columnas[7] = rectifica;
+        ejecutar(QStringLiteral("UPDATE CAB SET FEC_PRO=?, ESTADO=?, RECTIFICA=?, cNumero=? WHERE rowid=?"),
+                 {fecPro, estado, rectifica, CodigoFila(columnas, 5), fila});
+        return;
+    }
+    actual.finish();
+    const QVariantList columnas{6, sRuc, sPeriodo, g.gsFormulario, 0, fecPro, estado, rectifica,
+                                QVariant(), QVariant(), QVariant(), QVariant(), QVariant()};
+    ejecutar(QStringLiteral("INSERT INTO CAB (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, FEC_PRO, ESTADO, RECTIFICA, cNumero)"
+                            " VALUES (6, ?, ?, ?, ?, ?, ?, ?)"),
+             {sRuc, sPeriodo, g.gsFormulario, fecPro, estado, rectifica, CodigoFila(columnas, 5)});
+}
+
+// The casillas that have no box, in their order.
+void grabarSinCaja(Frm931& f, const QString& sRuc, const QString& sPeriodo)
+{
+    const Globales& g = G();
+    const int y = static_cast<int>(Val(Left(g.gsPeriodo, 4)));
+    auto grabar = [&](const char* casilla, const QString& valor) {
+        f.pGrabaCasilla(QString::fromLatin1(casilla), valor, sRuc, sPeriodo);
+    };
+    grabar("002", sRuc);
+    grabar("007", sPeriodo);
+    grabar("801", Trim(Left(f.TxtRazon.Text, 15)));
+    grabar("028", Trim(f.TxtTelefono.Text));
+    if (f.optRenta.valor(0) || f.optRenta.valor(5))
+        grabar("813", codigoRespuesta(f.OptPersona));
+    if (f.optRenta.valor(1))
+        grabar("200", aAnioMesDia(f.MkePeriodo.Text));
+    if (f.optRenta.valor(2)) {
+        grabar("809", codigoRespuesta(f.OptUbicAmazonia));
+        grabar("810", codigoRespuesta(f.OptLeyAmazonia));
+        grabar("860", codigoRespuesta(f.OptDomFiscal));
+        grabar("811", codigoRespuesta(f.OptZona));
+        grabar("812", f.TxtUbigeo.Text);
+    }
+    if (f.optRenta.valor(3)) {
+        grabar("601", codigoRespuesta(f.OptActividad));
+        grabar("602", codigoRespuesta(f.OptFrontera));
+        grabar("603", f.TxtUbigeo2.Text);
+    }
+    if (f.optRenta.valor(4)) {
+        QString convenio = QStringLiteral("0");
+        for (int i = 1; i <= 4; ++i)
+            if (f.OptConvEstab.valor(i))
+                convenio = QString::number(i);
+        grabar("804", convenio);
+        grabar("224", f.TxtNumOrdenF2305.Text);
+    }
+    if (const int r = f.optRenta.seleccionado(); r >= 0 && r < kCodigosRegimen.size())
+        grabar("056", kCodigosRegimen.at(r));
+    grabar("605", codigoRespuesta(f.OptInicio));
+    grabar("606", codigoRespuesta(f.OptPrecedente));
+    grabar("607", codigoRespuesta(f.OptAnterior));
+    grabar("608", QString::number(f.CboBalance.ListIndex));
+    grabar("609", y < 2013 ? Trim(f.LblSistema.Caption) : QStringLiteral("0"));
+    if (y >= 2013) {
+        if (f.OptSuspPC.valor(1)) {
+            grabar("611", QStringLiteral("1"));
+            grabar("612", f.txtNumRes.Text);
+            grabar("613", f.mkefecnot.Text);
+        } else {
+            grabar("611", QStringLiteral("0"));
+        }
+    }
+    grabar("662", QString::number(g.giTotPerdida));
+    grabar("721", QStringLiteral("1.6"));
+    grabar("815", Left(f.TxtNombreA.Text, 15));
+    grabar("816", Left(f.TxtNombreN.Text, 15));
+    grabar("817", Left(f.txtApellidoRL.Text, 15));
+    grabar("818", Left(f.txtNombreRL.Text, 15));
+}
+
+// After the first save of a new declaration: the payment block shut as in modify mode (the
+// suspension frame excepted), the taxpayer fixed in place of the list.
+void cerrarComoGrabada(Frm931& f, const QString& sRuc)
+{
+    f.CboBalance.BackColor = kGris;
+    f.OptInicio.habilitar(false);
+    f.OptAnterior.habilitar(false);
+    f.OptPrecedente.habilitar(false);
+    f.CboBalance.Enabled = false;
+    f.txtNumRes.BackColor = kGris;
+    f.mkefecnot.BackColor = kGris;
+    f.TxtNumRuc.Text = sRuc;
+    f.TxtNumRuc.Visible = true;
+    f.CmbRuc.Enabled = false;
+    f.CmbRuc.Visible = false;
+    f.TxtRazon.Enabled = false;
+    f.TxtTelefono.Enabled = true;
+    f.msRuc = sRuc;
+    if (f.entorno)
+        f.entorno->pBarraEstado(sRuc, Trim(f.TxtRazon.Text), G().gsPeriodo, G().gsFormulario);
+}
+
+// The save of a sent declaration: its order number and nothing else.
+void grabarOrden(Frm931& f)
+{
+    const Globales& g = G();
+    const QString orden = f.txtOrden.Text;
+    if (!largoDeOrden(orden)) {
+        MsgBox(Texto::OrdenNoValido, vbCritical, f.Caption);
+        return;
+    }
+    if (!gobjUtil().ValidaOrden(g.gsControl, Trim(orden), Trim(f.txtverifica.Text))) {
+        MsgBox(Texto::DigitoIncorrecto, vbCritical, f.Caption);
+        return;
+    }
+    {
+        Transaccion transaccion;
+        QSqlQuery actual = ejecutar(QStringLiteral("SELECT rowid, * FROM HCAB") + kCadenaTrabajo + QStringLiteral(" AND CORREL=?"),
+                                    {g.gsRuc, g.gsPeriodo, g.gsFormulario, g.gsCorrel});
+        if (actual.next()) {
+            const qint64 fila = actual.value(0).toLongLong();
+            const int norden = actual.record().indexOf(QStringLiteral("NORDEN")) - 1;
+            QVariantList columnas;
+            for (int i = 1; i < actual.record().count(); ++i)
+                columnas << actual.value(i);
+            actual.finish();
+            columnas[norden] = orden;
+            ejecutar(QStringLiteral("UPDATE HCAB SET NORDEN=?, cNumero=? WHERE rowid=?"), {orden, CodigoFila(columnas, 6), fila});
+        }
+        transaccion.commit();
+    }
+    f.mbModificado = false;
+    MsgBox(Texto::OrdenGrabado, vbExclamation, f.Caption);
+    descargar(f);
+}
+
 }  // namespace
 
 // ---------------------------------------------------------------------------------- saving
@@ -206,14 +367,14 @@ void Frm931::CmdGrabar_Click()
         if (miModo == 0 && OptInicio.b.value(0).Enabled
             && escalar(QStringLiteral("SELECT 1 FROM CAB") + kCadenaTrabajo, {sRuc, sPeriodo, g.gsFormulario}).isValid()) {
             aPagina(0);
-            rehusa(QStringLiteral("La declaración que desea registrar ya existe ") + sRuc
-                   + QStringLiteral(" Elija la opción modificar declaración o elija otro contribuyente."));
+            rehusa(QStringLiteral("La declaración que desea registrar ya existe ") + sRuc + QStringLiteral(". ")
+                   + QStringLiteral("Elija la opción modificar declaración o elija otro contribuyente."));
             darFoco(QStringLiteral("CmbRuc"));
             return;
         }
         // 10. A sent declaration only takes its order number.
         if (g.gbEnviada && g.giOpcion == 2) {
-            grabarOrden();
+            grabarOrden(*this);
             return;
         }
         // 11. A new declaration needs its taxpayer.
@@ -275,7 +436,7 @@ void Frm931::CmdGrabar_Click()
         {
             Transaccion transaccion;
             // 14, 17. The header.
-            grabarCabecera(sRuc, sPeriodo, bConsistente ? 0 : 9);
+            grabarCabecera(*this, sRuc, sPeriodo, bConsistente ? 0 : 9);
             // 18. The rows are replaced as a whole.
             ejecutar(QStringLiteral("DELETE FROM DET") + kCadenaTrabajo, {sRuc, sPeriodo, g.gsFormulario});
             // 19. The boxes, in their order.
@@ -291,7 +452,7 @@ void Frm931::CmdGrabar_Click()
                 OptDomFiscal.apagar();
                 OptZona.apagar();
             }
-            grabarSinCaja(sRuc, sPeriodo);
+            grabarSinCaja(*this, sRuc, sPeriodo);
             // 22. No loss claimed: no loss rows.
             const QString perdida = Trim(txt(108));
             if (perdida.isEmpty() || perdida == QLatin1String("0"))
@@ -301,7 +462,7 @@ void Frm931::CmdGrabar_Click()
 
         // 23. A new declaration, once saved, goes on as a stored one.
         if (miModo == 0)
-            cerrarComoGrabada(sRuc);
+            cerrarComoGrabada(*this, sRuc);
 
         // 24.
         mbModificado = false;
@@ -437,7 +598,7 @@ void Frm931::cmdCancelar_Click()
         mostrarError(e);
     }
     vaciarGlobales();
-    descargar();
+    descargar(*this);
 }
 
 void Frm931::Form_Unload()

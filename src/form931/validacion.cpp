@@ -165,15 +165,6 @@ struct Lectura {
         return true;
     }
 
-    // The taxpayer of the declaration: the one read in modify mode (or fixed by the first
-    // save), else the one chosen in the list.
-    QString ruc() const
-    {
-        if (!Trim(f.msRuc).isEmpty())
-            return Trim(f.msRuc);
-        return Trim(Left(f.CmbRuc.Text(), 11));
-    }
-
     bool convenioElegido() const
     {
         for (int i = 1; i <= 4; ++i)
@@ -485,7 +476,7 @@ void Frm931::ValidaFormulario()
 
     // 32. Losses of earlier years, when their page is open.
     if (SSTab4.TabEnabled.value(1)) {
-        grdPerdidaTributaria = leerPerdidas(l.ruc(), false);
+        grdPerdidaTributaria = leerPerdidas(rucDeclarante(), false);
         if (grdPerdidaTributaria.isEmpty()) {
             SSTab1.Tab = 3;
             SSTab4.Tab = 1;
@@ -502,7 +493,7 @@ void Frm931::ValidaFormulario()
         SSTab4.Tab = 0;
         darFocoCasilla(casilla);
     };
-    const QString rucContribuyente = l.ruc();
+    const QString rucContribuyente = rucDeclarante();
     const QString ruc208 = Trim(txt(208));
     if (!ruc208.isEmpty() && (!ValidaDocumento(QStringLiteral("06"), ruc208) || !gobjUtil().ValidaRuc(ruc208))) {
         pararEn(208, Texto::RucNoValido);
@@ -619,7 +610,7 @@ void Frm931::ValidaCompleto(bool& bOk)
     // 10. A loss carried forward needs its rows.
     const QString c108 = txt(108);
     if (!c108.isEmpty() && c108 != QLatin1String("0")) {
-        if (leerPerdidas(l.ruc(), G().gbEnviada).isEmpty())
+        if (leerPerdidas(rucDeclarante(), G().gbEnviada).isEmpty())
             return;
     }
 

@@ -18,12 +18,6 @@
 
 namespace {
 
-SeguimientoBarra& seguimiento()
-{
-    static SeguimientoBarra f;
-    return f;
-}
-
 AbridorImpxPag& abridorImpxPag()
 {
     static AbridorImpxPag f;
@@ -50,7 +44,6 @@ void muestraError(const ErrorVB& e)
 
 } // namespace
 
-void instalarSeguimientoBarra(SeguimientoBarra funcion) { seguimiento() = std::move(funcion); }
 void instalarAbridorImpxPag(AbridorImpxPag abridor) { abridorImpxPag() = std::move(abridor); }
 
 const QStringList& ModeloImprimir::titulosColumnas()
@@ -88,6 +81,7 @@ QString ModeloImprimir::sentenciaLista(bool enviadas, bool filtrarUsuario)
 void ModeloImprimir::Form_Load()
 {
     Globales& g = G();
+    barraAnterior_ = barraEstado();
     const bool enviadas = g.gbImpEnviada;
     g.gbRptEnviada = enviadas ? -1 : 0;
     Caption = enviadas ? QStringLiteral("Imprimir Formularios enviados") : QStringLiteral("Imprimir ");
@@ -138,8 +132,8 @@ void ModeloImprimir::Form_Activate()
 
 void ModeloImprimir::Form_Unload()
 {
-    if (seguimiento())
-        seguimiento()(QString(), QString(), G().gsPeriodo, G().gsFormulario);
+    const EstadoBarra& b = barraAnterior_;
+    pBarraEstado(b.PanelRuc, b.PanelNombre, b.PanelPeriodo, b.PanelFormulario);
 }
 
 void ModeloImprimir::OptImp_Click(int indice)
@@ -165,10 +159,10 @@ void ModeloImprimir::grdContrib_RowColChange(int fila)
 
 void ModeloImprimir::avisarBarra() const
 {
-    if (!seguimiento() || filaActual < 0 || filaActual >= filas.size())
+    if (filaActual < 0 || filaActual >= filas.size())
         return;
     const QStringList& f = filas[filaActual];
-    seguimiento()(f[ColDocId], f[ColNombre], f[ColPeriodof], G().gsFormulario);
+    pBarraEstado(f[ColDocId], f[ColNombre], f[ColPeriodof], G().gsFormulario);
 }
 
 bool ModeloImprimir::prepararReporte()

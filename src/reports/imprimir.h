@@ -2,6 +2,8 @@
 // The print selection (frmImprimir) and the page-range dialog (frmImpxPag) as models: the
 // list of working or sent declarations, the loading and building of the chosen one, and the
 // hand-over to the preview or the printer. The windows mirror them.
+#include "shell/comandos.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -40,7 +42,8 @@ public:
     bool ChkAnexosHabilitados = false;
     void OptImp_Click(int indice);
 
-    // The current row changes (the grid's row change; the status bar follows).
+    // The current row changes (the grid's row change): the main window's status bar shows
+    // the row's RUC, name, period and form code.
     void grdContrib_RowColChange(int fila);
     // Double click and Enter act as "&Preliminar".
     void grdContrib_DblClick() { CmdImprimir_Click(0); }
@@ -55,13 +58,8 @@ private:
     bool prepararReporte();   // steps shared by both buttons; false when there is no row
     void avisarBarra() const;
     QString rucFila_, periodoFila_, nombreFila_, semanaFila_;
+    EstadoBarra barraAnterior_;
 };
-
-// The status bar's follow of the row in hand: ruc, name, period ("yyyymm") and form code.
-// The shell installs its status bar filler; unset, nothing is shown.
-using SeguimientoBarra = std::function<void(const QString& ruc, const QString& nombre, const QString& periodo,
-                                            const QString& formulario)>;
-void instalarSeguimientoBarra(SeguimientoBarra funcion);
 
 // The page-range dialog, opened by "&Preliminar" with its caption, the page count and the
 // spool file's name. The window installs its opener; unset, nothing opens.

@@ -70,7 +70,8 @@ struct Globales {
     QMap<int, QString> gaNombradasRpt;
     QString gsRepresentanteRpt, gsAsistenteRpt;
 
-    void reiniciar() { *this = Globales(); }
+    // Back to the values of a fresh process (the helper object is released).
+    void reiniciar();
 };
 
 Globales& G();

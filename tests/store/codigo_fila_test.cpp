@@ -41,8 +41,6 @@ INSTANTIATE_TEST_SUITE_P(
         // A number column adds the codes of its digits, not its value.
         CasoCodigo{"numero_suma_codigos_de_cifras",
                    {6, "20100001234", "202605", "0931", 0, "100", 1500, "01", kNulo}, 6, "876637"},
-        CasoCodigo{"double_entero_como_str", {6, "20100001234", "202605", "0931", 0, "100", 1500.0, "01", kNulo}, 6,
-                   "876637"},
         // Str(0.5) is " .5": ".5" gives 46 + 53 x 2.
         CasoCodigo{"double_fraccion_como_str", {"1", 0.5, kNulo}, 1, "001152"},
         // "1e3" reads 1000 (not 1, not 0); "12e1" reads 120.
@@ -73,22 +71,7 @@ TEST(CodigoFila, DesbordaConDoscientosCaracteresDeCodigo200)
     }
 }
 
-TEST(CodigoFila, LasClavesNoEntranEnLaSegundaSuma)
-{
-    // 200 characters of code 200 in a key column are no text for the second sum.
-    EXPECT_NO_THROW(CodigoFila(QVariantList{QString(200, QChar(200)), "A", kNulo}, 1));
-}
-
 class CodigoFilaTabla : public PruebaConBase {};
-
-TEST_F(CodigoFilaTabla, UnRegistroDeLaTablaDaLoMismoQueSusValores)
-{
-    QSqlRecord det = gdbBase().record(QStringLiteral("DET"));
-    const QVariantList valores = {6, "20100001234", "202605", "0931", 0, "100", "1500", "01"};
-    for (int i = 0; i < valores.size(); ++i)
-        det.setValue(i, valores.at(i));
-    EXPECT_EQ(CodigoFila(det, 6), QStringLiteral("876637"));
-}
 
 TEST_F(CodigoFilaTabla, UnaFilaLeidaDeLaBaseDaElMismoCodigo)
 {

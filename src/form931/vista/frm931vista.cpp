@@ -6,6 +6,7 @@
 #include "basic/msgbox.h"
 #include "basic/texto.h"
 #include "dialogs/vista/frmanexo477.h"
+#include "dialogs/vista/frmconsist.h"
 #include "dialogs/vista/frmubigeo.h"
 #include "family/cutilqvl.h"
 #include "form931/casillas.h"
@@ -37,7 +38,7 @@
 
 namespace {
 
-const QString kTab = QStringLiteral("{TAB}");
+const QString kTab = QStringLiteral("TAB");
 
 // Colours of the model are in blue-green-red order.
 QColor colorDe(quint32 bgr)
@@ -152,6 +153,11 @@ void EntornoQt::abrirUbigeo(const QString& caption)
 {
     frmUbigeo dlg(caption, vista);
     dlg.exec();
+}
+
+void EntornoQt::abrirConsist()
+{
+    abrirFrmConsist(vista);
 }
 
 void EntornoQt::pBarraEstado(const QString& ruc, const QString& nombre, const QString& periodo,
@@ -1154,6 +1160,19 @@ void Frm931Vista::refrescar()
 void Frm931Vista::seguirFoco()
 {
     QWidget* w = controles_.value(m_.foco);
+    if (!w) {
+        // An option group takes the focus on its selected button, or on its first open one.
+        for (const VGrupo& vg : grupos_) {
+            if (vg.nombre != m_.foco)
+                continue;
+            for (QRadioButton* r : vg.b)
+                if (r && r->isChecked())
+                    w = r;
+            for (QRadioButton* r : vg.b)
+                if (!w && r && r->isVisible() && r->isEnabled())
+                    w = r;
+        }
+    }
     if (!w || w == QApplication::focusWidget() || !w->isVisible() || !w->isEnabled())
         return;
     w->setFocus(Qt::TabFocusReason);
@@ -1282,7 +1301,7 @@ bool Frm931Vista::eventFilter(QObject* objeto, QEvent* evento)
         if (fe->reason() == Qt::ActiveWindowFocusReason || fe->reason() == Qt::PopupFocusReason)
             break;
         const QString nombre = nombres_.value(w);
-        if (nombre.isEmpty() || nombre == m_.foco)
+        if (nombre.isEmpty() || nombre == m_.foco || nombre.startsWith(m_.foco + QLatin1Char('(')))
             break;
         ejecutar([this, nombre] { m_.darFoco(nombre); });
         if (auto* le = qobject_cast<QLineEdit*>(w); le && le->hasFocus() && fe->reason() != Qt::MouseFocusReason)
@@ -1291,16 +1310,19 @@ bool Frm931Vista::eventFilter(QObject* objeto, QEvent* evento)
     }
     case QEvent::KeyPress: {
         auto* ke = static_cast<QKeyEvent*>(evento);
+        // Tab follows the form's own order of stops.
+        if (ke->key() == Qt::Key_Tab && !(ke->modifiers() & (Qt::ControlModifier | Qt::AltModifier))
+            && nombres_.contains(w)) {
+            enterComoTab();
+            return true;
+        }
         if (indiceCaja_.contains(objeto))
             return teclaEnCaja(vcajas_[indiceCaja_.value(objeto)], ke);
         const bool enter = ke->key() == Qt::Key_Return || ke->key() == Qt::Key_Enter;
-        if (enter && w) {
+        if (enter && w && (qobject_cast<QComboBox*>(w) || qobject_cast<QRadioButton*>(w))) {
             const QString nombre = nombres_.value(w);
-            if (nombre == QLatin1String("CmbZona") || nombre.startsWith(QLatin1String("OptAnterior("))
-                || nombre.startsWith(QLatin1String("OptPrecedente(")) || nombre.startsWith(QLatin1String("optRenta("))) {
-                enterComoTab();
-                return true;
-            }
+            ejecutar([this, nombre] { m_.teclaControl(nombre, 13); });
+            return true;
         }
         break;
     }
