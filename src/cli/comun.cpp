@@ -78,6 +78,7 @@ void prepararEntorno(const OpcionesCli& o)
         g.gsPathRpt = carpeta + QStringLiteral("RPT");
         g.gsPathBmp = carpeta + QStringLiteral("BMP/");
         g.gsBaseDatos = o.base;
+        g.gsArchMens = carpeta + QStringLiteral("Mens.txt");
         QDir(carpeta).mkpath(QStringLiteral("RPT"));
         QDir(carpeta).mkpath(QStringLiteral("TMP"));
     }

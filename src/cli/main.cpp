@@ -21,8 +21,19 @@ RegistroComando::RegistroComando(const char* nombre, FuncionComando funcion)
     comandos().insert(QString::fromUtf8(nombre), funcion);
 }
 
+namespace {
+// The commands print their result and one line naming a problem; Qt's own diagnostics
+// (such as a missing runtime folder) must not add lines to standard error.
+void silenciar(QtMsgType tipo, const QMessageLogContext&, const QString& mensaje)
+{
+    if (tipo == QtFatalMsg)
+        fprintf(stderr, "%s\n", qPrintable(mensaje));
+}
+}
+
 int main(int argc, char** argv)
 {
+    qInstallMessageHandler(silenciar);
     // Reports are drawn with fonts, which need a GUI application; no screen is ever used.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");

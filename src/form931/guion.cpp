@@ -235,11 +235,19 @@ private:
             const int i = v.toInt(&ok);
             if (!ok || i < 0 || i >= frm.CboBalance.items.size())
                 throw ErrorEntrada(QStringLiteral("la casilla 608 admite 0 o 1, no %1").arg(v));
+            // Before 2013 a profit in the previous year fixes the date itself and shuts the list.
+            if (!frm.CboBalance.Enabled && frm.CboBalance.ListIndex == i)
+                return bloqueSuspension();
             if (!frm.CboBalance.Enabled)
                 throw ErrorEntrada(QStringLiteral("la fecha de balance (casilla 608) está cerrada"));
             frm.darFoco(QStringLiteral("CboBalance"));
             frm.elegir(frm.CboBalance, i);
         }
+        bloqueSuspension();
+    }
+
+    void bloqueSuspension()
+    {
         marcarSiNo(frm.OptSuspPC, "611");
         if (tiene("612"))
             teclearControl(QStringLiteral("txtNumRes"), valor("612"));
@@ -254,6 +262,9 @@ private:
         if (c.Locked || !c.Enabled || !c.Visible)
             throw ErrorEntrada(QStringLiteral("la casilla %1 está bloqueada").arg(codigoCasilla(n)));
         frm.darFocoCasilla(n);
+        // The user selects what the box holds and types over it.
+        if (!frm.txt(n).isEmpty())
+            frm.setTxt(n, QString());
         frm.teclear(n, texto);
         frm.darFoco(QStringLiteral("CmdValidar"));
     }
@@ -398,6 +409,7 @@ void EntornoSinPantalla::abrirAnexo477(Frm931& frm, int nCasilla)
     const QString textos[2] = {partes.first, partes.second};
     for (int i = 0; i < 2; ++i) {
         anexo.TxtMonto_GotFocus(i);
+        anexo.setMonto(i, QString());   // the old figure selected and typed over
         anexo.teclear(i, textos[i]);
         anexo.TxtMonto_LostFocus(i);
     }

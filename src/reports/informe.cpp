@@ -170,6 +170,14 @@ struct Pagina {
     // and the value padded to 16 in the figure box.
     void valor(const QString& etiqueta, const QString& v, int xValor = 9000, const QString& numero = QString())
     {
+        valorEn(etiqueta, v, xValor, numero, true);
+    }
+    // A description that starts left of the figure column runs across it: no figure box, or
+    // its line would cut the text.
+    void descripcion(const QString& etiqueta, const QString& v) { valorEn(etiqueta, v, 6700, QString(), false); }
+
+    void valorEn(const QString& etiqueta, const QString& v, int xValor, const QString& numero, bool cajaFigura)
+    {
         texto(300, y, etiqueta, false, cuerpo(), hoja);
         caja(150, 11000);
         if (!numero.isEmpty()) {
@@ -177,7 +185,8 @@ struct Pagina {
             caja(8500, 8900);
         }
         texto(xValor, y, ajusta(v, 16), false, cuerpo(), hoja);
-        caja(8900, 11000);
+        if (cajaFigura)
+            caja(8900, 11000);
         avanza();
     }
 };
@@ -505,16 +514,14 @@ void pHojaRenta(qint16 hoja)
         p.valor(QStringLiteral("Zona a la que corresponde la ubicación de su domicilio"),
                 nombrada(811) == QLatin1String("0") ? QStringLiteral("ZONA 1") : QStringLiteral("ZONA 2"));
         p.valor(QStringLiteral("Ubicación Geográfica de su Domicilio Fiscal"), casilla(812), 9000, QStringLiteral("812"));
-        p.valor(QStringLiteral("Descripción de Ubicación Geográfica de su Domicilio Fiscal"), descripcionUbigeo(casilla(812)),
-                6700);
+        p.descripcion(QStringLiteral("Descripción de Ubicación Geográfica de su Domicilio Fiscal"), descripcionUbigeo(casilla(812)));
     } else if (regimen == QLatin1String("3")) {
         p.titulo(QStringLiteral("ZONA DE FRONTERA"));
         p.valor(QStringLiteral("Se dedica a la actividad industrial"), siNo(nombrada(601)));
         p.titulo(QStringLiteral("Domicilio fiscal"));
         p.valor(QStringLiteral("Domicilio Fiscal ubicado en la zona de frontera"), siNo(nombrada(602)));
         p.valor(QStringLiteral("Ubicación Geográfica de su Domicilio Fiscal"), nombrada(603), 9000, QStringLiteral("603"));
-        p.valor(QStringLiteral("Descripción de Ubicación Geográfica de su Domicilio Fiscal"), descripcionUbigeo(nombrada(603)),
-                6700);
+        p.descripcion(QStringLiteral("Descripción de Ubicación Geográfica de su Domicilio Fiscal"), descripcionUbigeo(nombrada(603)));
     } else if (regimen == QLatin1String("6")) {
         p.titulo(QStringLiteral("CONVENIO DE ESTABILIDAD"));
         const QString c804 = nombrada(804);

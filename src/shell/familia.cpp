@@ -33,8 +33,10 @@ Familia prepararFamilia(const QString& carpeta, const QString& ayuda)
         f.baseCreada = true;
     }
     const QString hlp = f.carpeta + QStringLiteral("0931/Ql931.hlp");
-    if (!ayuda.isEmpty() && !QFileInfo::exists(hlp))
+    if (!ayuda.isEmpty() && QFileInfo::exists(ayuda)) {
+        QFile::remove(hlp);
         QFile::copy(ayuda, hlp);
+    }
 
     QDir().mkpath(carpetaIni());
     escribirOpcion(QStringLiteral("SysPath"), f.carpeta);

@@ -21,8 +21,8 @@ struct Familia {
 
 // Creates what is missing (folders; the database with schema, catalogue and demo data) and
 // writes the launcher's keys of QL000.INI. SysUser is written only when absent, with the demo
-// user who sees all taxpayers. `ayuda` names a help page to copy to 0931/Ql931.hlp when none is
-// there (empty: none). Throws ErrorVB when the folder or the database cannot be made.
+// user who sees all taxpayers. `ayuda` names the help page that ships with the module; it is
+// copied to 0931/Ql931.hlp at every call, so the family always has the current one. Throws ErrorVB when the folder or the database cannot be made.
 Familia prepararFamilia(const QString& carpeta, const QString& ayuda = QString());
 
 // The folder the launcher uses when told none: "qualvia/" in the user's home.

@@ -62,21 +62,20 @@ void abrirBase(const QString& archivo)
         QUrl uri = QUrl::fromLocalFile(info.absoluteFilePath());
         db.setDatabaseName(uri.toString(QUrl::FullyEncoded) + QStringLiteral("?mode=rw"));
         db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=5000"));
-        QString fallo;
-        if (!db.open()) {
-            fallo = textoError(db.lastError());
-        } else {
+        bool bien = db.open();
+        QString fallo = bien ? QString() : textoError(db.lastError());
+        if (bien) {
             QSqlQuery q(db);
             // The first read tells a database from any other file, and waits out a lock.
-            if (!q.exec(QStringLiteral("SELECT count(*) FROM sqlite_master")) || !q.next())
-                fallo = textoError(q.lastError());
-            else if (!q.exec(QStringLiteral("PRAGMA busy_timeout = 5000"))
-                     || !q.exec(QStringLiteral("PRAGMA foreign_keys = OFF")))
+            bien = q.exec(QStringLiteral("SELECT count(*) FROM sqlite_master")) && q.next()
+                   && q.exec(QStringLiteral("PRAGMA busy_timeout = 5000"))
+                   && q.exec(QStringLiteral("PRAGMA foreign_keys = OFF"));
+            if (!bien)
                 fallo = textoError(q.lastError());
             else if (q.exec(QStringLiteral("PRAGMA journal_mode = WAL")))
                 q.finish();   // a medium without shared memory keeps its journal: not fatal
         }
-        if (!fallo.isNull()) {
+        if (!bien) {
             db.close();
             db = QSqlDatabase();
             QSqlDatabase::removeDatabase(kConexion);

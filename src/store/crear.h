@@ -17,7 +17,7 @@ void crearBaseDatos(const QString& archivo, bool conDemo);
 void cargarEsquemaYCatalogo(QSqlDatabase& db);
 void cargarDemo(QSqlDatabase& db);
 
-// Pieces of the loader, open for the tests.
+// Pieces of the loader: statements of an SQL script, rows of a CSV text.
 QStringList sentenciasSql(const QString& guion);           // one statement a item, no ";"
 QList<QStringList> filasCsv(const QString& texto);         // "#" lines skipped, header kept
 

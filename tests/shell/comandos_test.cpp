@@ -113,14 +113,9 @@ TEST_P(Comando, DejaSusGlobalesYAbreSuVentana)
 }
 
 void toolbar1() { tlbMenu_ButtonClick(1); }
-void toolbar2() { tlbMenu_ButtonClick(2); }
-void toolbar3() { tlbMenu_ButtonClick(3); }
-void toolbar4() { tlbMenu_ButtonClick(4); }
 void toolbar6() { tlbMenu_ButtonClick(6); }
-void toolbar7() { tlbMenu_ButtonClick(7); }
 void toolbar8() { tlbMenu_ButtonClick(8); }
 void toolbar9() { tlbMenu_ButtonClick(9); }
-void toolbar10() { tlbMenu_ButtonClick(10); }
 
 const auto kNada = std::nullopt;
 
@@ -137,23 +132,12 @@ INSTANTIATE_TEST_SUITE_P(
             CasoComando{"mnuModificar", &mnuModificar_Click,
                         T({"contAbrir(1) op=1 env=0 imp=0 per=202405 sel=202404", "normal"}), true, 1, false, false,
                         "202405", "202404"},
-            CasoComando{"toolbar_Modificar", &toolbar2,
-                        T({"contAbrir(1) op=1 env=0 imp=0 per=202405 sel=202404", "normal"}), true, 1, false, false,
-                        "202405", "202404"},
             CasoComando{"mnuEliminar", &mnuEliminar_Click,
-                        T({"contAbrir(3) op=7 env=0 imp=? per=202405 sel=202404", "normal"}), true, kNada, false, kNada,
-                        "202405", "202404"},
-            CasoComando{"toolbar_Eliminar", &toolbar3,
                         T({"contAbrir(3) op=7 env=0 imp=? per=202405 sel=202404", "normal"}), true, kNada, false, kNada,
                         "202405", "202404"},
             CasoComando{"mnuImprimir", &mnuImprimir_Click, T({"imprimir(1) op=7 env=0 imp=0 per=202405 sel=202404"}),
                         true, kNada, false, false, "202405", "202404"},
-            CasoComando{"toolbar_Imprimir", &toolbar4, T({"imprimir(1) op=7 env=0 imp=0 per=202405 sel=202404"}),
-                        true, kNada, false, false, "202405", "202404"},
             CasoComando{"mnuRegistrar", &mnuRegistrar_Click,
-                        T({"reloj", "contAbrirEnv op=2 env=1 imp=1 per=202405 sel=202404", "normal"}), false, 2, true,
-                        true, "202405", "202404"},
-            CasoComando{"toolbar_NumOrden", &toolbar7,
                         T({"reloj", "contAbrirEnv op=2 env=1 imp=1 per=202405 sel=202404", "normal"}), false, 2, true,
                         true, "202405", "202404"},
             CasoComando{"mnuEliminar1", &mnuEliminar1_Click,
@@ -171,8 +155,6 @@ INSTANTIATE_TEST_SUITE_P(
                         kNada, kNada, "202405", "202404"},
             CasoComando{"mnuContenido", &mnuContenido_Click, T({"ayuda op=7 env=? imp=? per=202405 sel=202404"}), true,
                         kNada, kNada, kNada, "202405", "202404"},
-            CasoComando{"toolbar_Ayuda", &toolbar10, T({"ayuda op=7 env=? imp=? per=202405 sel=202404"}), true, kNada,
-                        kNada, kNada, "202405", "202404"},
             CasoComando{"mnuAcercade", &mnuAcercade_Click,
                         T({"reloj", "acercade op=7 env=? imp=? per=202405 sel=202404", "normal"}), false, kNada, kNada,
                         kNada, "202405", "202404"},
@@ -197,17 +179,6 @@ TEST(ComandoModificar, ElPeriodoQueEligeElSelectorQuedaAlCerrarse)
     EXPECT_EQ(G().gsPeriodo, QStringLiteral("202406"));
     EXPECT_EQ(G().gsPeriodoSel, QStringLiteral("202406"));
     instalarAbridores({});
-}
-
-TEST(ComandoNueva, ConElAnhoSoloLaBarraDejaElPeriodoEnBlanco)
-{
-    G().reiniciar();
-    instalarAbridores({});
-    tlbMenu_ButtonClick(1);
-    pBarraEstado(QStringLiteral("20100001234"), QStringLiteral("X"), G().gsPeriodo, G().gsFormulario);
-    EXPECT_EQ(barraEstado().PanelPeriodo, QString());
-    mnuNueva_Click();
-    EXPECT_EQ(G().gsPeriodo, QStringLiteral("2026"));
 }
 
 struct CasoPeriodo {

@@ -137,19 +137,6 @@ INSTANTIATE_TEST_SUITE_P(
                       "Z", "[Otra]\nSysUser=X\n[Options]\nSysUser=Z\n"}),
     [](const auto& info) { return std::string(info.param.nombre); });
 
-TEST(EscrituraIni, LoEscritoSeLeeIgual)
-{
-    QTemporaryDir dir;
-    const QString archivo = dir.filePath(QStringLiteral("QL000.INI"));
-    WritePrivateProfileString(QStringLiteral("Options"), QStringLiteral("SysPath"), QStringLiteral("/home/ñu/q/"), archivo);
-    WritePrivateProfileString(QStringLiteral("Options"), QStringLiteral("SysUser"), QStringLiteral("ADMIN"), archivo);
-    WritePrivateProfileString(QStringLiteral("Options"), QStringLiteral("SysPath"), QStringLiteral("/b/"), archivo);
-    EXPECT_EQ(GetPrivateProfileString(QStringLiteral("Options"), QStringLiteral("SysPath"), QString(), archivo),
-              QStringLiteral("/b/"));
-    EXPECT_EQ(GetPrivateProfileString(QStringLiteral("Options"), QStringLiteral("SysUser"), QString(), archivo),
-              QStringLiteral("ADMIN"));
-}
-
 TEST(EscrituraIni, CarpetaInexistenteFallaSinCrearNada)
 {
     QTemporaryDir dir;

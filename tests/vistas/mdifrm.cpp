@@ -23,6 +23,7 @@
 #include "shell/familia.h"
 #include "shell/globales.h"
 #include "shell/vista/mdifrm.h"
+#include "shell/vista/ventanas.h"
 #include "store/base.h"
 
 class PruebaMDIFrm : public QObject {
@@ -75,7 +76,7 @@ private slots:
         QCOMPARE(w.windowTitle(), QStringLiteral("0931 Modificación de coeficiente o porcentaje - v 1.6"));
         QVERIFY(!(w.windowFlags() & Qt::WindowMinimizeButtonHint));
         QVERIFY(!(w.windowFlags() & Qt::WindowMaximizeButtonHint));
-        QCOMPARE(ventanaPrincipal(), &w);
+        QCOMPARE(ventanaPrincipal(), static_cast<QWidget*>(&w));
     }
 
     void menusEnOrden()
@@ -232,9 +233,17 @@ private slots:
             QCOMPARE(w.BarradeEstadoQVL1->property("PanelRuc").toString(), QString());
             QCOMPARE(w.BarradeEstadoQVL1->property("PanelPeriodo").toString(), QString());
             QCOMPARE(w.BarradeEstadoQVL1->property("PanelFormulario").toString(), QStringLiteral("0931"));
-            QCOMPARE(w.frameGeometry().size(), QSize(637, 487));
+            QCOMPARE(w.frameGeometry(), QRect(0, 0, 637, 487));
             QVERIFY(!QApplication::overrideCursor());
             QVERIFY(mensajes.mostrados.isEmpty());
+            // Each activation puts it back in place.
+            w.move(200, 150);
+            w.resize(300, 200);
+            QApplication::setActiveWindow(nullptr);
+            w.activateWindow();
+            QTRY_COMPARE(w.frameGeometry().size(), QSize(641, 481));
+            // Left and top -4; the offscreen screen keeps windows inside it.
+            QVERIFY(w.frameGeometry().left() <= 0 && w.frameGeometry().top() <= 0);
         }
         qunsetenv("QVL_WINDIR");
     }

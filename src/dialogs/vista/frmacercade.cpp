@@ -64,7 +64,8 @@ frmAcercade::frmAcercade(QWidget* padre) : QDialog(padre)
         "Modificación de coeficiente o porcentaje de los pagos a cuenta del Impuesto a la Renta.\n\n"
         "Permite preparar la solicitud a partir del balance acumulado, verificar sus datos, "
         "guardarla en la base del Programa Qualvia e imprimirla."));
-    Text2->setFixedHeight(90);
+    Text2->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    Text2->setFixedHeight(112);
 
     Text4 = textoFijo(QStringLiteral("Text4"), QStringLiteral("Módulo del Programa Qualvia"), SSPanel1);
 
@@ -87,7 +88,7 @@ frmAcercade::frmAcercade(QWidget* padre) : QDialog(padre)
     auto* todo = new QVBoxLayout(this);
     todo->addWidget(SSPanel1);
     todo->addLayout(botones);
-    setFixedSize(440, 250);
+    setFixedSize(460, 280);
 
     Form_Load();
 }

@@ -132,11 +132,30 @@ void vaciarPortapapeles()
         p->clear();
 }
 
+// A closed modal window gives the activation back to the form, also where no window manager
+// does it.
+void volverALaVentana(QWidget* w)
+{
+    if (w && w->isVisible())
+        w->activateWindow();
+}
+
 QFont fuenteImportes()
 {
     QFont f = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     f.setPointSizeF(QApplication::font().pointSizeF());
     return f;
+}
+
+// A page of a tab control holds its frame: the frame's own visibility is the model's, the
+// page's is the tab control's.
+QWidget* pagina(QWidget* marco)
+{
+    auto* p = new QWidget;
+    auto* v = new QVBoxLayout(p);
+    v->setContentsMargins(0, 0, 0, 0);
+    v->addWidget(marco);
+    return p;
 }
 
 }  // namespace
@@ -147,17 +166,20 @@ void EntornoQt::abrirAnexo477(Frm931& frm, int nCasilla)
 {
     frmAnexo477 dlg(frm, nCasilla, vista);
     dlg.exec();
+    volverALaVentana(vista);
 }
 
 void EntornoQt::abrirUbigeo(const QString& caption)
 {
     frmUbigeo dlg(caption, vista);
     dlg.exec();
+    volverALaVentana(vista);
 }
 
 void EntornoQt::abrirConsist()
 {
     abrirFrmConsist(vista);
+    volverALaVentana(vista);
 }
 
 void EntornoQt::pBarraEstado(const QString& ruc, const QString& nombre, const QString& periodo,
@@ -366,8 +388,8 @@ void Frm931Vista::construir()
     QTabWidget* tab1 = nuevasPestanas(QStringLiteral("SSTab1"), m_.SSTab1, {});
     tab1->addTab(paginaIdentificacion(), QStringLiteral("&Identificación"));
     tab1->addTab(paginaEstados(), QStringLiteral("  Estados  &financieros"));
-    tab1->addTab(paginaDeterminacion(), QStringLiteral("Determinación del nuevo coeficiente o porcentaje"));
-    tab1->addTab(paginaInformacion(), QStringLiteral("Información com&plementaria"));
+    tab1->addTab(pagina(paginaDeterminacion()), QStringLiteral("Determinación del nuevo coeficiente o porcentaje"));
+    tab1->addTab(pagina(paginaInformacion()), QStringLiteral("Información com&plementaria"));
     raiz->addWidget(tab1, 1);
     raiz->addWidget(pieDeVentana());
 
@@ -640,9 +662,9 @@ QWidget* Frm931Vista::paginaSistemaPago()
 QWidget* Frm931Vista::paginaEstados()
 {
     QTabWidget* tab3 = nuevasPestanas(QStringLiteral("SSTab3"), m_.SSTab3, {});
-    tab3->addTab(paginaActivo(), QStringLiteral("Activo"));
-    tab3->addTab(paginaPasivo(), QStringLiteral("&Pasivo y Patrimonio"));
-    tab3->addTab(paginaGanancias(), QStringLiteral("Estado de ganancias y pérdidas"));
+    tab3->addTab(pagina(paginaActivo()), QStringLiteral("Activo"));
+    tab3->addTab(pagina(paginaPasivo()), QStringLiteral("&Pasivo y Patrimonio"));
+    tab3->addTab(pagina(paginaGanancias()), QStringLiteral("Estado de ganancias y pérdidas"));
     return tab3;
 }
 
@@ -652,7 +674,8 @@ QGridLayout* rejillaCasillas(QWidget* padre)
     auto* g = new QGridLayout(padre);
     g->setHorizontalSpacing(8);
     g->setVerticalSpacing(3);
-    g->setColumnStretch(1, 1);
+    g->setColumnMinimumWidth(1, 300);
+    g->setColumnStretch(3, 1);
     return g;
 }
 }
@@ -864,7 +887,7 @@ QWidget* Frm931Vista::paginaInformacion()
     g7->setColumnStretch(1, 1);
     g7->setRowStretch(fila, 1);
     v5->addWidget(f7, 1);
-    tab4->addTab(f5, QStringLiteral("I&nformación general"));
+    tab4->addTab(pagina(f5), QStringLiteral("I&nformación general"));
 
     QGroupBox* f2 = nuevoMarco(QStringLiteral("Frame2"), QString());
     auto* h2 = new QHBoxLayout(f2);
@@ -885,7 +908,7 @@ QWidget* Frm931Vista::paginaInformacion()
     }
     vb->addStretch(1);
     h2->addLayout(vb);
-    tab4->addTab(f2, QStringLiteral("Pérdida tributaria compensable de ejercicios anteriores"));
+    tab4->addTab(pagina(f2), QStringLiteral("Pérdida tributaria compensable de ejercicios anteriores"));
     return f3;
 }
 
@@ -1282,11 +1305,7 @@ void Frm931Vista::pestanaElegida(QTabWidget* w, Pestanas& p, int pagina)
 {
     if (refrescando_ || pagina == p.Tab)
         return;
-    ejecutar([this, &p, pagina] {
-        m_.elegirPestana(p, pagina);
-        if (&p == &m_.SSTab1)
-            m_.SSTab1_MouseUp();
-    });
+    ejecutar([this, &p, pagina] { m_.elegirPestana(p, pagina); });
     Q_UNUSED(w);
 }
 

@@ -127,7 +127,7 @@ void frmImprimir::llenarGrilla()
     if (modelo_.anchoGrilla > 0)
         grdContrib->setMinimumWidth(px(modelo_.anchoGrilla));
     else
-        grdContrib->setMinimumWidth(px(9000));
+        grdContrib->setMinimumWidth(px(10500));
     grdContrib->setEnabled(modelo_.grdContribHabilitada);
     if (modelo_.filaActual >= 0)
         grdContrib->setCurrentCell(modelo_.filaActual, 0);

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QFileDialog>
 #include <QGridLayout>
+#include <QIcon>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
@@ -51,6 +52,7 @@ frmPreview::frmPreview(const QString& archivo, QWidget* padre) : QDialog(padre)
 
     tlbPrevia_ = new QToolBar(this);
     tlbPrevia_->setObjectName(QStringLiteral("tlbPrevia"));
+    tlbPrevia_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     tlbPrevia_->addSeparator();   // button 1
     const QStyle* estilo = style();
     const struct {
@@ -62,7 +64,9 @@ frmPreview::frmPreview(const QString& archivo, QWidget* padre) : QDialog(padre)
                     {"Salir", QStyle::SP_DialogCloseButton}};
     for (int i = 0; i < 4; ++i) {
         const QString nombre = QString::fromUtf8(botones[i].nombre);
-        QAction* a = tlbPrevia_->addAction(estilo->standardIcon(botones[i].icono), nombre);
+        const QIcon icono = i == 2 ? QIcon::fromTheme(QStringLiteral("document-print"), estilo->standardIcon(botones[i].icono))
+                                   : estilo->standardIcon(botones[i].icono);
+        QAction* a = tlbPrevia_->addAction(icono, nombre);
         a->setToolTip(nombre);
         connect(a, &QAction::triggered, this, [this, i] { pulsar(i + 2); });
         botones_[i] = a;

@@ -8,7 +8,9 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QLinearGradient>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPointer>
 #include <QStyle>
 #include <QToolBar>
@@ -91,6 +93,23 @@ const QList<BotonHerramienta>& botonesBarra()
     };
     return botones;
 }
+
+// The family's background: a vertical blue gradient.
+class Fondo : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter p(this);
+        QLinearGradient g(0, 0, 0, height());
+        g.setColorAt(0, QColor(0x16, 0x40, 0x6b));
+        g.setColorAt(0.6, QColor(0x3c, 0x78, 0xb4));
+        g.setColorAt(1, QColor(0x9c, 0xc3, 0xe6));
+        p.fillRect(rect(), g);
+    }
+};
 
 }  // namespace
 
@@ -187,12 +206,8 @@ void MDIFrm::crearBarra()
 
 void MDIFrm::crearFondo()
 {
-    Picture2 = new QWidget(this);
+    Picture2 = new Fondo(this);
     Picture2->setObjectName(QStringLiteral("Picture2"));
-    Picture2->setAttribute(Qt::WA_StyledBackground);
-    Picture2->setStyleSheet(QStringLiteral(
-        "QWidget#Picture2 { background: qlineargradient(x1:0, y1:0, x2:0, y2:1,"
-        " stop:0 #16406b, stop:0.6 #3c78b4, stop:1 #9cc3e6); }"));
     Picture2->setMouseTracking(true);
     Picture2->installEventFilter(this);
 
@@ -206,7 +221,6 @@ void MDIFrm::crearFondo()
         "<p style='font-size:44pt; font-weight:bold'>0931</p>"
         "<p style='font-size:14pt'>Modificación de coeficiente o porcentaje</p>"
         "</div>"));
-    imgFondo->setStyleSheet(QStringLiteral("background: transparent;"));
     imgFondo->setMouseTracking(true);
     imgFondo->installEventFilter(this);
     auto* capa = new QVBoxLayout(Picture2);
@@ -229,6 +243,7 @@ bool MDIFrm::Form_Load()
     setWindowState(Qt::WindowNoState);
     ponerGeometria(0, 0, 9555, 7300);
     show();
+    ponerGeometria(0, 0, 9555, 7300);   // now that the frame is known
     fijarPunteroEspera(true);
     pLeerIni();
     if (!fAbrirBase()) {
@@ -288,7 +303,8 @@ bool MDIFrm::eventFilter(QObject* objeto, QEvent* e)
 
 void MDIFrm::mouseMoveEvent(QMouseEvent* e)
 {
-    if (!barraEstado().PanelNombre.isEmpty())
+    // Only a move over the window's own surface: moves that children pass up don't count.
+    if (!childAt(e->position().toPoint()) && !barraEstado().PanelNombre.isEmpty())
         limpiarPanelNombre();
     QMainWindow::mouseMoveEvent(e);
 }

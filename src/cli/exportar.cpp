@@ -1,0 +1,146 @@
+// f931 exportar --ruc RUC --periodo AAAAMM [--base ARCHIVO.db] [--hoy AAAA-MM-DD] [--usuario USUARIO]
+// Prints a stored working declaration in the input format of `calcular`, `validar` and
+// `importar`: what a user types, as a user types it. Amounts are bare digits (the parentheses
+// of a subtractive box are the form's display, the sign is the box's), answers are their
+// stored codes, the agrarian date (200) "yyyymmdd", the notification date (613) as stored,
+// and 473 and 477 are given by their parts (650 and 651, 432 and 433). What the form derives
+// (the computed boxes, 002, 007, 801, 609, 662, 721) is left out. Importing the output into a
+// database without the declaration, with a date of the same year, writes the same rows;
+// the loss rows of earlier years are not part of the format.
+#include "basic/errores.h"
+#include "basic/texto.h"
+#include "cli/comandos.h"
+#include "cli/comun.h"
+#include "form931/casillas.h"
+#include "form931/guion.h"
+#include "shell/globales.h"
+#include "store/base.h"
+#include "store/funciones.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMap>
+#include <QSet>
+#include <QSqlQuery>
+
+#include <cstdio>
+
+namespace {
+
+const QString kUso = QStringLiteral(
+    "uso: f931 exportar --ruc RUC --periodo AAAAMM [--base ARCHIVO.db] [--hoy AAAA-MM-DD] [--usuario USUARIO]");
+
+// Items without a box that a user answers or types, as stored.
+const QSet<int> kSinCaja = {28, 56, 813, 200, 809, 810, 860, 811, 812, 601, 602, 603, 804, 224,
+                            605, 606, 607, 611, 612, 613, 815, 816, 817, 818};
+// Boxes typed as text.
+const QSet<int> kTextos = {209, 211, 212, 225, 226};
+
+// Bare digits of a stored amount ("-1234" -> "1234").
+QString digitos(const QString& valor)
+{
+    return QString::number(static_cast<qint64>(Abs(Val(valor))));
+}
+
+QJsonObject exportar(const QString& ruc, const QString& periodo)
+{
+    const Globales& g = G();
+    QString sql = QStringLiteral(
+        "SELECT A.DOC_ID_D FROM CAB AS A, CONT AS B WHERE A.DOC_ID_D=B.DOC_ID_D AND A.TIP_DOC_D=6 AND B.TIP_DOC_D=6"
+        " AND A.DOC_ID_D=? AND A.PERIODO=? AND A.FORMULARIO=?");
+    QVariantList valores{ruc, periodo, g.gsFormulario};
+    if (TipoUsuario() != QLatin1String("0")) {
+        sql += QStringLiteral(" AND B.USUARIO=?");
+        valores << g.gsUsuario;
+    }
+    if (!escalar(sql, valores).isValid())
+        throw ErrorEntrada(QStringLiteral("no hay una declaración del RUC %1 y el periodo %2 a la vista del usuario %3")
+                               .arg(ruc, periodo, Trim(g.gsUsuario)));
+
+    QMap<int, QString> guardado;
+    QSqlQuery filas = ejecutar(QStringLiteral("SELECT CASILLA, I_VALOR FROM DET"
+                                              " WHERE DOC_ID_D=? AND TIP_DOC_D=6 AND PERIODO=? AND FORMULARIO=?"),
+                               {ruc, periodo, g.gsFormulario});
+    while (filas.next())
+        guardado.insert(static_cast<int>(Val(filas.value(0).toString())), Trim(filas.value(1).toString()));
+
+    QJsonObject casillas;
+    auto poner = [&](int n, const QString& valor) { casillas.insert(codigoCasilla(n), valor); };
+    const bool convenio = guardado.value(56) == QLatin1String("6");
+    for (auto it = guardado.cbegin(); it != guardado.cend(); ++it) {
+        const int n = it.key();
+        const QString& v = it.value();
+        if (v.isEmpty())
+            continue;
+        if (kSinCaja.contains(n)) {
+            poner(n, v);
+        } else if (n == 608) {
+            if (Val(v) >= 0)
+                poner(n, v);
+        } else if (kTextos.contains(n)) {
+            poner(n, v);
+        } else if (n == 208) {
+            poner(n, digitos(v));
+        } else if (n == 473 || n == 477) {
+            // Given by its parts; a total stored without them stands for its first part.
+            const int parte = n == 473 ? 650 : 432;
+            if (!guardado.contains(parte) && !guardado.contains(parte + 1))
+                poner(parte, digitos(v));
+        } else if (n == 113) {
+            if (convenio)
+                poner(n, digitos(v));
+        } else if (existeCasilla(n) && !esCalculada(n)) {
+            poner(n, digitos(v));
+        }
+    }
+    QJsonObject salida;
+    salida.insert(QStringLiteral("ruc"), ruc);
+    salida.insert(QStringLiteral("casillas"), casillas);
+    return salida;
+}
+
+int comandoExportar(const QStringList& argumentos)
+{
+    return ejecutarComando([&] {
+        // --ruc and --periodo are this command's own; the rest are the shared options.
+        QStringList comunes;
+        QString ruc, periodo;
+        for (int i = 0; i < argumentos.size(); ++i) {
+            const QString& a = argumentos[i];
+            QString* destino = a == QLatin1String("--ruc") || a.startsWith(QLatin1String("--ruc=")) ? &ruc
+                : a == QLatin1String("--periodo") || a.startsWith(QLatin1String("--periodo=")) ? &periodo
+                : nullptr;
+            if (!destino) {
+                comunes << a;
+                continue;
+            }
+            const int igual = a.indexOf(QLatin1Char('='));
+            if (igual > 0) {
+                *destino = a.mid(igual + 1);
+            } else {
+                if (i + 1 >= argumentos.size())
+                    throw ErrorEntrada(QStringLiteral("falta el valor de %1; %2").arg(a, kUso));
+                *destino = argumentos[++i];
+            }
+        }
+        const OpcionesCli o = leerOpciones(comunes, 0, kUso);
+        ruc = ruc.trimmed();
+        periodo = periodo.trimmed();
+        if (ruc.isEmpty() || periodo.isEmpty())
+            throw ErrorEntrada(kUso);
+        bool ok = false;
+        periodo.toInt(&ok);
+        if (periodo.size() != 6 || !ok)
+            throw ErrorEntrada(QStringLiteral("periodo no válido: %1 (AAAAMM)").arg(periodo));
+        prepararEntorno(o);
+        const QByteArray texto = QJsonDocument(exportar(ruc, periodo)).toJson(QJsonDocument::Indented);
+        std::fwrite(texto.constData(), 1, static_cast<size_t>(texto.size()), stdout);
+        std::fflush(stdout);
+        cerrarBase();
+        return 0;
+    });
+}
+
+RegistroComando registro("exportar", &comandoExportar);
+
+}  // namespace

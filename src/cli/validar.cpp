@@ -1,0 +1,96 @@
+// f931 validar [--base ARCHIVO.db] [--hoy AAAA-MM-DD] [--usuario USUARIO] ENTRADA.json
+// Types the declaration into a new form as `calcular` does, then runs the full and the silent
+// validation passes: the output of `calcular` plus "inconsistencias" (the lines of the message
+// file, in order) and "estado" (0 when the silent pass accepts it, else 9). The message boxes
+// the passes show are in "mensajes".
+#include "cli/validar.h"
+
+#include "basic/respondedor_guion.h"
+#include "cli/comandos.h"
+#include "cli/comun.h"
+#include "form931/guion.h"
+#include "shell/globales.h"
+#include "store/base.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+#include <cstdio>
+
+QJsonArray inconsistenciasDe(Frm931& frm)
+{
+    Globales& g = G();
+    QTemporaryDir carpeta;
+    const QString anterior = g.gsArchMens;
+    g.gsArchMens = carpeta.filePath(QStringLiteral("Mens.txt"));
+    try {
+        frm.ValidaFormulario();
+    } catch (...) {
+        g.gsArchMens = anterior;
+        throw;
+    }
+    QJsonArray lineas;
+    QFile f(g.gsArchMens);
+    if (f.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        QTextStream in(&f);
+        in.setEncoding(QStringConverter::Utf8);
+        while (!in.atEnd()) {
+            const QString linea = in.readLine();
+            if (!linea.isEmpty())
+                lineas.append(linea);
+        }
+    }
+    g.gsArchMens = anterior;
+    return lineas;
+}
+
+int estadoDe(Frm931& frm)
+{
+    bool bOk = true;
+    frm.ValidaCompleto(bOk);
+    return bOk ? 0 : 9;
+}
+
+namespace {
+
+const QString kUso = QStringLiteral(
+    "uso: f931 validar [--base ARCHIVO.db] [--hoy AAAA-MM-DD] [--usuario USUARIO] ENTRADA.json");
+
+int comandoValidar(const QStringList& argumentos)
+{
+    return ejecutarComando([&] {
+        const OpcionesCli o = leerOpciones(argumentos, 1, kUso);
+        const QByteArray json = leerArchivo(QFileInfo(o.posicionales.first()).absoluteFilePath());
+        const EntradaDeclaracion entrada = leerEntrada(json);
+        prepararEntorno(o);
+
+        RespondedorGuion respondedor;
+        instalarRespondedor(&respondedor);
+        EntornoSinPantalla entorno;
+        try {
+            Frm931 frm(&entorno);
+            reproducirEntrada(frm, entorno, entrada);
+            const QJsonArray lineas = inconsistenciasDe(frm);
+            const int estado = estadoDe(frm);
+            QJsonObject salida = salidaCalcular(frm, respondedor);
+            salida.insert(QStringLiteral("inconsistencias"), lineas);
+            salida.insert(QStringLiteral("estado"), estado);
+            const QByteArray texto = QJsonDocument(salida).toJson(QJsonDocument::Indented);
+            std::fwrite(texto.constData(), 1, static_cast<size_t>(texto.size()), stdout);
+            std::fflush(stdout);
+        } catch (...) {
+            instalarRespondedor(nullptr);
+            throw;
+        }
+        instalarRespondedor(nullptr);
+        cerrarBase();
+        return 0;
+    });
+}
+
+RegistroComando registro("validar", &comandoValidar);
+
+}  // namespace
