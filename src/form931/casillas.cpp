@@ -401,6 +401,8 @@ void Frm931::teclear(int Index, const QString& texto)
 {
     if (foco != nombreCasilla(Index))
         darFocoCasilla(Index);
+    if (foco != nombreCasilla(Index))
+        return;   // a box that can't take the focus takes no keys
     for (QChar ch : texto) {
         // Each key goes to the box that has the focus at that moment: Enter moves it on.
         const int n = casillaDeNombre(foco);

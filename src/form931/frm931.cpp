@@ -505,7 +505,7 @@ Frm931::UbicacionControl Frm931::ubicacion(const QString& control)
     return UbicacionControl{p.paginaSSTab1, p.subTab, p.paginaSub};
 }
 
-bool Frm931::puedeRecibirFoco(const QString& control) const
+bool Frm931::puedeRecibirFoco(const QString& control, bool marcosVisibles) const
 {
     auto* self = const_cast<Frm931*>(this);
     bool enabled = false, visible = false;
@@ -569,7 +569,7 @@ bool Frm931::puedeRecibirFoco(const QString& control) const
     if (i >= 0) {
         for (const QString& m : paradas()[i].marcos) {
             const Marco mc = marcos.value(m);
-            if (!mc.Enabled || !mc.Visible)
+            if (!mc.Enabled || (marcosVisibles && !mc.Visible))
                 return false;
         }
     }
@@ -583,7 +583,7 @@ void Frm931::darFoco(const QString& control)
         msFocoRedirigido = control;
         return;
     }
-    if (foco == control || !puedeRecibirFoco(control))
+    if (foco == control || !puedeRecibirFoco(control, false))
         return;
     QString destino = control;
     const QString viejo = foco;
@@ -627,7 +627,6 @@ void Frm931::pTecla(const QString& tecla)
             continue;
         if (!puedeRecibirFoco(s.control))
             continue;
-        // An option group takes the focus on its selected button, or on its first one.
         darFoco(s.control);
         return;
     }

@@ -133,8 +133,10 @@ public:
     // The window's tab order, one name a stop (option groups are one stop: "optRenta").
     static const QStringList& ordenTabulacion();
     // Whether the control is enabled and visible with every frame that holds it (the page it
-    // stands on does not count: a rule may focus a control of another page).
-    bool puedeRecibirFoco(const QString& control) const;
+    // stands on does not count: a rule may focus a control of another page). darFoco asks
+    // less: the control enabled and visible and its frames enabled, so that a box of the
+    // asset half the scroller hides can still be given the focus by a rule or a script.
+    bool puedeRecibirFoco(const QString& control, bool marcosVisibles = true) const;
     // Pages that hold the control: SSTab1's page, and the inner tab control's name and page
     // ("" and -1 when the control stands directly on SSTab1's page or outside the tabs).
     struct UbicacionControl { int paginaSSTab1 = -1; QString subTab; int paginaSub = -1; };
@@ -186,7 +188,9 @@ public:
     void TxtValor_MouseMove(int Index);
     void TxtValor_MouseDown(int Index, int Button);
     // Typing a whole text into a box as a user would: each key through KeyPress, the text
-    // through the change event. The box must have the focus.
+    // through the change event. The box is given the focus first (nothing is typed when it
+    // can't take it); keys go on into whatever box has the focus after each one, so an Enter
+    // ("\r") moves on as the window does and a Backspace is "\b".
     void teclear(int Index, const QString& texto);
     void pTemCasillas(int casilla, int otra);
     void VScroll1_Change();

@@ -261,7 +261,14 @@ private:
         const Caja& c = frm.caja(n);
         if (c.Locked || !c.Enabled || !c.Visible)
             throw ErrorEntrada(QStringLiteral("la casilla %1 está bloqueada").arg(codigoCasilla(n)));
+        // The asset side shows one of its two stops: the user scrolls to the box first.
+        if (n >= 500 && n <= 515 && frm.VScroll1.Value != frm.VScroll1.Min)
+            frm.ponerVScroll(frm.VScroll1.Min);
+        if (n >= 516 && n <= 531 && frm.VScroll1.Value == frm.VScroll1.Min)
+            frm.ponerVScroll(frm.VScroll1.Max);
         frm.darFocoCasilla(n);
+        if (frm.foco != Frm931::nombreCasilla(n))
+            throw ErrorEntrada(QStringLiteral("la casilla %1 no puede recibir el foco").arg(codigoCasilla(n)));
         // The user selects what the box holds and types over it.
         if (!frm.txt(n).isEmpty())
             frm.setTxt(n, QString());

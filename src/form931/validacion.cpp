@@ -277,7 +277,7 @@ void Frm931::ValidaFormulario()
         SSTab2.Tab = 2;
     };
 
-    // 1. MYPE Tributario: suspension and the income limits.
+    // MYPE Tributario: suspension and the income limits.
     if (optRenta.valor(5)) {
         if (Vale(253) > 0)
             falla(Texto::NoProcedeSuspension);
@@ -290,7 +290,7 @@ void Frm931::ValidaFormulario()
             falla(Texto::LimiteRmt);
     }
 
-    // 2. The period follows the balance date, silently.
+    // The period follows the balance date, silently.
     const int y = anio();
     const QString anioPeriodo = Left(g.gsPeriodo, 4);
     if (y < 2013) {
@@ -308,7 +308,7 @@ void Frm931::ValidaFormulario()
         }
     }
 
-    // 3. A new declaration must not repeat a stored one.
+    // A new declaration must not repeat a stored one.
     if (miModo == 0 && OptInicio.b.value(0).Enabled) {
         const QString ruc = Trim(Left(CmbRuc.Text(), 11));
         if (escalar(kSqlExisteCab, {ruc, g.gsPeriodo, g.gsFormulario}).isValid()) {
@@ -319,14 +319,14 @@ void Frm931::ValidaFormulario()
         }
     }
 
-    // 4-5. Telephone.
+    // Telephone.
     const int largoTelefono = Len(TxtTelefono.Text);
     if (largoTelefono >= 1 && largoTelefono <= 5)
         falla(Texto::Telefono);
     if (!vacia(TxtTelefono.Text) && Val(TxtTelefono.Text) == 0)
         falla(Texto::TelefonoCero);
 
-    // 6-8. Period, regime, type of person.
+    // Period, regime, type of person.
     if (l.periodoInvalido(y))
         falla(Texto::PeriodoNoValido);
     if (!optRenta.contestado())
@@ -334,7 +334,7 @@ void Frm931::ValidaFormulario()
     if (!OptPersona.contestado() && (optRenta.valor(5) || optRenta.valor(0)))
         falla(Texto::TipoPersona);
 
-    // 9-11. Date of the agrarian form: an empty date and a wrong year say the same.
+    // Date of the agrarian form: an empty date and a wrong year say the same.
     const bool agrario = optRenta.valor(1);
     const QString fechaAgraria = MkePeriodo.Text;
     if (agrario && fechaAgraria == kFechaVacia)
@@ -344,7 +344,7 @@ void Frm931::ValidaFormulario()
     if (agrario && fechaAgraria != kFechaVacia && (!ValidaPeriodo(fechaAgraria) || !esFecha(fechaAgraria)))
         falla(Texto::AnioAgrario);
 
-    // 12-15. Amazonía.
+    // Amazonía.
     if (optRenta.valor(2)) {
         if (OptZona.contestado() && vacia(TxtUbigeo.Text))
             falla(Texto::Ubigeo);
@@ -360,7 +360,7 @@ void Frm931::ValidaFormulario()
         }
     }
 
-    // 16. Zona de frontera.
+    // Zona de frontera.
     if (optRenta.valor(3)) {
         if (!OptActividad.contestado())
             falla(Texto::ActividadIndustrial);
@@ -370,7 +370,7 @@ void Frm931::ValidaFormulario()
             falla(Texto::DomicilioFrontera);
     }
 
-    // 17. Convenio de estabilidad.
+    // Convenio de estabilidad.
     if (optRenta.valor(4)) {
         if (!l.convenioElegido())
             falla(Texto::ConvenioEstabilidad);
@@ -378,7 +378,7 @@ void Frm931::ValidaFormulario()
             falla(Texto::Orden2305);
     }
 
-    // 18-21. Payment block: each fault also turns the tabs to its page.
+    // Payment block: each fault also turns the tabs to its page.
     if (!OptInicio.contestado()) {
         aPaginaPago();
         falla(Texto::Inicio);
@@ -422,7 +422,7 @@ void Frm931::ValidaFormulario()
         }
     }
 
-    // 22-24. Balance sheet groups; an empty pasivo says nothing of the patrimonio.
+    // Balance sheet groups; an empty pasivo says nothing of the patrimonio.
     if (l.rangoVacio(500, 530, false))
         falla(Texto::Activo);
     if (l.rangoVacio(532, 542, true))
@@ -430,13 +430,13 @@ void Frm931::ValidaFormulario()
     else if (l.rangoVacio(544, 553, true))
         falla(Texto::Patrimonio);
 
-    // 25-26.
+    // A result of the year needs its statement; the totals must balance.
     if (l.resultadoSinGanancias())
         falla(Texto::Ganancias);
     if (N(531) != N(555))
         falla(Texto::TotalActivo);
 
-    // 27. The exclusive pairs, each pair both ways round.
+    // The exclusive pairs, each pair both ways round.
     static const int pares[4][3] = {{550, 550, 551}, {551, 551, 550}, {552, 552, 553}, {553, 553, 552}};
     for (const auto& p : pares) {
         bool bOk = true;
@@ -445,13 +445,13 @@ void Frm931::ValidaFormulario()
             falla(g.gsMensaje);
     }
 
-    // 28-29.
+    // The tax of a stability agreement is typed; 478 goes with 477.
     if (optRenta.valor(4) && l.vacioRecortado(113))
         falla(Texto::Casilla113);
     if (!l.vacioExacto(478) && l.vacioExacto(477))
         falla(Texto::Casilla477);
 
-    // 30. Accountant.
+    // Accountant.
     if (l.grupoContadorAbierto()) {
         if (l.vacioRecortado(209))
             falla(Texto::ZonaContador);
@@ -459,7 +459,7 @@ void Frm931::ValidaFormulario()
             falla(Texto::ColegiaturaContador);
     }
 
-    // 31. Legal representative of a company.
+    // Legal representative of a company.
     setTxt(225, Left(cboTipDocRepLegal.Text(), 2));
     if (OptPersona.valor(0)) {
         if (l.vacioRecortado(225))
@@ -474,7 +474,7 @@ void Frm931::ValidaFormulario()
             falla(Texto::NombresRepresentante);
     }
 
-    // 32. Losses of earlier years, when their page is open.
+    // Losses of earlier years, when their page is open.
     if (SSTab4.TabEnabled.value(1)) {
         grdPerdidaTributaria = leerPerdidas(rucDeclarante(), false);
         if (grdPerdidaTributaria.isEmpty()) {
@@ -484,7 +484,7 @@ void Frm931::ValidaFormulario()
         }
     }
 
-    // 33. The file is complete; the RUC checks stop the pass with a message box.
+    // The file is complete; the RUC checks stop the pass with a message box.
     mens.cerrar();
     auto pararEn = [&](int casilla, const QString& texto) {
         MsgBox(texto, vbCritical, Caption);
@@ -520,7 +520,7 @@ void Frm931::ValidaCompleto(bool& bOk)
     const Lectura l{*this};
     bOk = false;
 
-    // 1. Telephone and type of person.
+    // Telephone and type of person.
     const int largoTelefono = Len(TxtTelefono.Text);
     if (largoTelefono >= 1 && largoTelefono <= 5)
         return;
@@ -529,7 +529,7 @@ void Frm931::ValidaCompleto(bool& bOk)
     if (!OptPersona.contestado() && (optRenta.valor(5) || optRenta.valor(0)))
         return;
 
-    // 2. MYPE Tributario: the three tests tell the user, suspension last.
+    // MYPE Tributario: the three tests tell the user, suspension last.
     if (optRenta.valor(5)) {
         double ingresos = 0;
         IngresoNetos(ingresos);
@@ -548,7 +548,7 @@ void Frm931::ValidaCompleto(bool& bOk)
         }
     }
 
-    // 3. Period, regime, an empty agrarian date.
+    // Period, regime, an empty agrarian date.
     if (l.periodoInvalido(anio()))
         return;
     if (!optRenta.contestado())
@@ -556,11 +556,11 @@ void Frm931::ValidaCompleto(bool& bOk)
     if (optRenta.valor(1) && MkePeriodo.Text == kFechaVacia)
         return;
 
-    // 4. Convenio de estabilidad.
+    // Convenio de estabilidad.
     if (optRenta.valor(4) && (!l.convenioElegido() || l.orden2305Mal()))
         return;
 
-    // 5. Amazonía.
+    // Amazonía.
     if (optRenta.valor(2)) {
         if (OptZona.contestado() && vacia(TxtUbigeo.Text))
             return;
@@ -576,21 +576,21 @@ void Frm931::ValidaCompleto(bool& bOk)
         }
     }
 
-    // 6. Zona de frontera: only the missing geographic code.
+    // Zona de frontera: only the missing geographic code.
     if (optRenta.valor(3) && vacia(TxtUbigeo2.Text) && OptActividad.valor(1) && OptFrontera.valor(1))
         return;
 
-    // 7. Balance sheet groups, each on its own.
+    // Balance sheet groups, each on its own.
     if (l.rangoVacio(500, 530, false) || l.rangoVacio(532, 542, true) || l.rangoVacio(544, 553, true))
         return;
 
-    // 8. Totals, and a tax for every regime.
+    // Totals, and a tax for every regime.
     if (N(531) != N(555))
         return;
     if (l.vacioRecortado(113))
         return;
 
-    // 9. Results without statement, 478 without 477, accountant, legal representative.
+    // Results without statement, 478 without 477, accountant, legal representative.
     if (l.resultadoSinGanancias())
         return;
     if (!l.vacioExacto(478) && l.vacioExacto(477))
@@ -607,7 +607,7 @@ void Frm931::ValidaCompleto(bool& bOk)
             return;
     }
 
-    // 10. A loss carried forward needs its rows.
+    // A loss carried forward needs its rows.
     const QString c108 = txt(108);
     if (!c108.isEmpty() && c108 != QLatin1String("0")) {
         if (leerPerdidas(rucDeclarante(), G().gbEnviada).isEmpty())

@@ -183,11 +183,3 @@ TEST_F(Imprimir, PreliminarDejaElRangoParaLaImpresion)
     EXPECT_EQ(escalar(QStringLiteral("SELECT count(*) FROM SPOOL")).toInt(), 3);
     EXPECT_TRUE(QFile::exists(G().gsPathRpt + QStringLiteral("/00000003.PRN")));
 }
-
-TEST(ImpxPag, TeclasDeLasCajasDePagina)
-{
-    for (int t : {int('0'), int('9'), 8, int('.'), int(' '), 13})
-        EXPECT_EQ(ModeloImpxPag::filtraTecla(t), t) << t;
-    for (int t : {int('a'), int('-'), int(','), 9, 27})
-        EXPECT_EQ(ModeloImpxPag::filtraTecla(t), 0) << t;
-}

@@ -12,7 +12,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QSet>
 #include <gtest/gtest.h>
 
 namespace {
@@ -213,41 +212,6 @@ TEST_F(Informe, LaUndecimaPerdidaNoSeImprime)
     EXPECT_EQ(a.count("pPos|4200|"), 1);
 }
 
-// Every row's text has its box starting 50 twips above it on the same page, every page but
-// the first begins with a break, and the page field follows the page.
-TEST_F(Informe, FormaDeLasFilasYDeLasHojas)
-{
-    const Declaracion& d = referencias()[0];
-    guardar(d);
-    const QStringList lineas = leeLineasSpool(rutaSpool(construir(d)));
-    ASSERT_EQ(lineas.mid(0, 4), (QStringList{"<!font!>Courier New<!/font!>", "<!nHojas!>5<!/nHojas!>",
-                                             "<!Orientacion!>V<!/Orientacion!>", "<!Color!>&H00FFFFC0&<!/Color!>"}));
-    int hoja = 0;
-    QSet<QString> cajas;   // "page:y1" of every box
-    for (const QString& l : lineas)
-        if (l.startsWith(QLatin1String("pCuadro|"))) {
-            const QStringList c = l.split(QLatin1Char('|'));
-            cajas.insert(c[5] + QLatin1Char(':') + c[2]);
-        }
-    for (const QString& l : lineas) {
-        if (l == QLatin1String("pNuevaHoja")) {
-            ++hoja;
-            continue;
-        }
-        const QStringList c = l.split(QLatin1Char('|'));
-        if (c[0] == QLatin1String("pPos")) {
-            EXPECT_EQ(c[6].toInt(), hoja) << l.toStdString();
-            const int y = c[2].toInt();
-            if (y >= 2000 && c[1] == QLatin1String("300"))
-                EXPECT_TRUE(cajas.contains(c[6] + QLatin1Char(':') + QString::number(y - 50))) << l.toStdString();
-        } else if (c[0] == QLatin1String("pCuadro")) {
-            EXPECT_EQ(c[5].toInt(), hoja) << l.toStdString();
-        }
-    }
-    EXPECT_EQ(hoja, 4);
-    EXPECT_EQ(lineas.count(QStringLiteral("pPos|9000|700|Contribuyente(5)|False|9|4|")), 1);
-}
-
 TEST_F(Informe, ConsultaLlenaCasillasYTextosNombrados)
 {
     Declaracion d{"x", DatosDemo::kRucAndina, DatosDemo::kNombreAndina, "201306",
@@ -316,25 +280,4 @@ TEST(PiezasDelInforme, Figuras)
     EXPECT_EQ(RellenaIzq(QStringLiteral("1,000"), 15), QStringLiteral("          1,000"));
     EXPECT_EQ(RellenaIzq(QStringLiteral("(200)"), 16), QStringLiteral("           (200)"));
     EXPECT_EQ(RellenaIzq(QStringLiteral("12345"), 3), QStringLiteral("12345"));
-}
-
-TEST(PiezasDelInforme, FechaYMascaraDelCoeficiente)
-{
-    EXPECT_EQ(FechaBalance(QStringLiteral("201201")), QStringLiteral("   Al 31 de Enero"));
-    EXPECT_EQ(FechaBalance(QStringLiteral("201306")), QStringLiteral("   Al 30 de Junio"));
-    EXPECT_EQ(FechaBalance(QStringLiteral("201304")), QString());
-    const QString cuatro = QStringLiteral("###,###,##0.0000;(###,###,##0.0000)");
-    const QString dos = QStringLiteral("###,###,##0.00;(###,###,##0.00)");
-    const QString libre = QStringLiteral("###,###,##0.###0;(###,###,##0.###0)");
-    struct Caso {
-        const char* periodo;
-        const char* sistema;
-        QString mascara;
-    } casos[] = {
-        {"201204", "A", cuatro}, {"201204", "B", dos}, {"201201", "", dos},
-        {"201306", "A", cuatro}, {"201401", "B", dos}, {"201304", "A", libre}, {"201308", "", libre},
-    };
-    for (const auto& c : casos)
-        EXPECT_EQ(MascaraCoeficiente(QString::fromLatin1(c.periodo), QString::fromLatin1(c.sistema)), c.mascara)
-            << c.periodo << " " << c.sistema;
 }

@@ -54,12 +54,6 @@ protected:
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(contenido);
     }
-    void rango(qint16 desde, qint16 hasta)
-    {
-        G().gbPorHojas = -1;
-        G().gnHojaDesde = desde;
-        G().gnHojaHasta = hasta;
-    }
     static QString marcaVisible(const ModeloPrevia& m)
     {
         const int i = m.elementoVisible();
@@ -100,54 +94,6 @@ TEST_F(Previa, PaginarSinRango)
     EXPECT_TRUE(mensajes.mostrados.isEmpty());
 }
 
-TEST_F(Previa, BarrasEnPasoYHorizontalQueNoVuelve)
-{
-    ModeloPrevia m;
-    m.Archivo = QStringLiteral("r.PRN");
-    m.Form_Load();
-    m.setVsbPic(1, 800);
-    EXPECT_EQ(m.vsbPic[0], 800);
-    EXPECT_EQ(m.picPrevia[0].top, -800);
-    m.setVsbPic(0, 400);
-    EXPECT_EQ(m.vsbPic[1], 400);
-    EXPECT_EQ(m.picPrevia[0].top, -400);
-    m.setVsbPic(0, 99999);
-    EXPECT_EQ(m.vsbPic[1], ModeloPrevia::kMaxVertical);
-    m.setHScroll1(90);
-    EXPECT_EQ(m.picPrevia[0].left, -90);
-    m.tlbPrevia_ButtonClick(3);
-    EXPECT_EQ(m.HScroll1, 90);   // paging leaves the horizontal position
-    EXPECT_EQ(m.picPrevia[1].top, 0);
-}
-
-TEST_F(Previa, RangosEmpaquetadosDesdeElPrimerElemento)
-{
-    const struct {
-        qint16 desde, hasta;
-        QStringList marcas;
-    } casos[] = {
-        {3, 4, {"H2", "H3"}},
-        {1, 2, {"H0", "H1"}},
-        {4, 20, {"H3", "H4"}},
-        {2, 2, {"H1"}},
-    };
-    for (const auto& c : casos) {
-        rango(c.desde, c.hasta);
-        ModeloPrevia m;
-        m.Archivo = QStringLiteral("r.PRN");
-        m.Form_Load();
-        QStringList vistas{marcaVisible(m)};
-        for (int i = 1; i < c.marcas.size() + 1; ++i) {
-            m.tlbPrevia_ButtonClick(3);
-            vistas << marcaVisible(m);
-        }
-        QStringList esperado = c.marcas;
-        esperado << c.marcas.last();   // one more "next" stays on the last page
-        EXPECT_EQ(vistas, esperado) << c.desde << ".." << c.hasta;
-        EXPECT_EQ(m.nTotHojas, c.marcas.size());
-    }
-}
-
 TEST_F(Previa, ArchivoInexistente)
 {
     ModeloPrevia m;
@@ -179,24 +125,6 @@ TEST_F(Previa, ColorDeFondoYErrorQueCierraLaVentana)
     EXPECT_TRUE(mensajes.mostrados.isEmpty());
 }
 
-TEST_F(Previa, ImprimirDesdeLaPreviaConRango)
-{
-    rango(2, 3);
-    ModeloPrevia m;
-    m.Archivo = QStringLiteral("r.PRN");
-    m.Form_Load();
-    m.tlbPrevia_ButtonClick(3);
-    m.tlbPrevia_ButtonClick(4);
-    ASSERT_EQ(impresos.size(), 1);
-    ASSERT_EQ(impresos[0].paginas.size(), 3);
-    EXPECT_EQ(impresos[0].paginas[0].comandos[0].texto, QStringLiteral("H1"));
-    EXPECT_EQ(impresos[0].paginas[1].comandos[0].texto, QStringLiteral("H2"));
-    EXPECT_TRUE(impresos[0].paginas[2].comandos.isEmpty());
-    EXPECT_EQ(m.Modo, QStringLiteral("IMPRIMIR"));
-    EXPECT_EQ(m.nTotHojas, 2);   // the pictures stay as they are
-    EXPECT_EQ(m.picPrevia.size(), 2);
-}
-
 TEST_F(Previa, SinImpresoraSeAvisa)
 {
     instalarDestinoImpresion([](const DocumentoSpool&) {
@@ -207,19 +135,6 @@ TEST_F(Previa, SinImpresoraSeAvisa)
     EXPECT_EQ(mensajes.mostrados[0].texto, QStringLiteral("No existe una impresora seleccionada.Verifique."));
     EXPECT_EQ(mensajes.mostrados[0].titulo, QStringLiteral("Impresión"));
     EXPECT_EQ(mensajes.mostrados[0].flags, 16);
-}
-
-TEST_F(Previa, AyudanteDeApertura)
-{
-    QStringList abiertas;
-    instalarAbridorPrevia([&](const QString& a) { abiertas << a; });
-    pAbrePrevia(QStringLiteral("r.PRN"), QStringLiteral("Vprevia"));
-    EXPECT_EQ(abiertas, QStringList{QStringLiteral("r.PRN")});
-    EXPECT_TRUE(impresos.isEmpty());
-    pAbrePrevia(QStringLiteral("r.PRN"), QStringLiteral("xx"));
-    ASSERT_EQ(impresos.size(), 1);
-    EXPECT_EQ(impresos[0].paginas.size(), 5);
-    EXPECT_EQ(abiertas.size(), 1);
 }
 
 // ---------------------------------------------------------------------------------------------

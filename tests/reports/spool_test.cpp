@@ -111,24 +111,6 @@ TEST_F(Escritor, LimiteDe85ConMenosDe83LineasPorHoja)
     EXPECT_EQ(lineas[85], QByteArray("pNuevaHoja\r"));
 }
 
-TEST_F(Escritor, PosicionMasAllaDe16BitsDesborda)
-{
-    G().gnPosLinea = 32700;
-    EXPECT_THROW(pLinea(QStringLiteral("x")), ErrorVB);
-}
-
-TEST(Escritura, SinArchivoAbiertoEsError52)
-{
-    G().reiniciar();
-    G().gsDestinoRpt = QStringLiteral("ARCHIVO");
-    try {
-        pCuadroLinea(1, 2, 3, 4, 0);
-        FAIL();
-    } catch (const ErrorVB& e) {
-        EXPECT_EQ(e.numero, 52);
-    }
-}
-
 TEST(Escritura, DestinoDirectoRecibeElTextoDelRegistro)
 {
     struct Salida : SalidaDirectaRpt {
@@ -322,15 +304,6 @@ TEST(Reproduccion, ErroresDeTiempoDeEjecucionTerminanLaLectura)
         EXPECT_EQ(d.error, c.error) << c.lineas.join(QLatin1Char(' ')).toStdString();
         EXPECT_EQ(d.nTotHojas, 1);
     }
-}
-
-TEST(Reproduccion, HuecoEnLasHojasQuedaSinCargar)
-{
-    const DocumentoSpool d = reproduceSpool({QStringLiteral("pPos|1|1|a|False|0|0|"), QStringLiteral("pPos|1|1|c|False|0|2|")},
-                                            false, {});
-    ASSERT_EQ(d.paginas.size(), 3);
-    EXPECT_FALSE(d.paginas[1].cargada);
-    EXPECT_EQ(d.nTotHojas, 2);
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -302,6 +302,22 @@ private slots:
         QCOMPARE(QApplication::focusWidget(), caja(478));
     }
 
+    void salirSinCambiosCierraLaVentana()
+    {
+        QTest::mouseClick(vista->control(QStringLiteral("cmdCancelar")), Qt::LeftButton);
+        QVERIFY(respondedor().mostrados.isEmpty());
+        QVERIFY(!vista->isVisible());
+    }
+
+    void escapeConCambiosPreguntaYSeQueda()
+    {
+        identificar();
+        respondedor().respuestas << vbCancel;
+        QTest::keyClick(vista.get(), Qt::Key_Escape);
+        QCOMPARE(respondedor().textos().last(), QStringLiteral("¿El formulario ha sido modificado, desea guardar los cambios?"));
+        QVERIFY(vista->isVisible());
+    }
+
     void laAyudaMuestraLaFormulaDeLaCasilla()
     {
         identificar();

@@ -81,12 +81,11 @@ private slots:
         QCOMPARE(w.guardarPdf()->text(), QStringLiteral("Guardar PDF"));
         QCOMPARE(w.modelo().nTotHojas, qint16(5));
 
-        for (int i = 1; i <= 6; ++i)
-            pulsar(w, w.boton(3));
-        QCOMPARE(w.modelo().nHojaActual, qint16(4));
+        pulsar(w, w.boton(3));
+        pulsar(w, w.boton(3));
         pulsar(w, w.boton(2));
-        QCOMPARE(w.modelo().nHojaActual, qint16(3));
-        QCOMPARE(w.modelo().elementoVisible(), 3);
+        QCOMPARE(w.modelo().nHojaActual, qint16(1));
+        QCOMPARE(w.modelo().elementoVisible(), 1);
         QCOMPARE(pixel(w, QPoint(5, 5)), cian());   // the page's background from the directive
     }
 
@@ -136,6 +135,9 @@ private slots:
         pulsar(w, w.boton(4));
         QCOMPARE(impresos.size(), 1);
         QCOMPARE(impresos[0].paginas.size(), 3);   // pages 2 and 3, then the blank page
+        QVERIFY(impresos[0].paginas[2].comandos.isEmpty());
+        QCOMPARE(w.modelo().nTotHojas, qint16(2));   // the pictures stay as they are
+        QCOMPARE(w.modelo().Modo, QStringLiteral("IMPRIMIR"));
 
         const QString pdf = dir.filePath(QStringLiteral("previa.pdf"));
         QVERIFY(w.guardarComo(pdf));

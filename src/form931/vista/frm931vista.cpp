@@ -674,7 +674,6 @@ QGridLayout* rejillaCasillas(QWidget* padre)
     auto* g = new QGridLayout(padre);
     g->setHorizontalSpacing(8);
     g->setVerticalSpacing(3);
-    g->setColumnMinimumWidth(1, 300);
     g->setColumnStretch(3, 1);
     return g;
 }

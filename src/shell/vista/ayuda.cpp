@@ -17,11 +17,11 @@
 QString archivoAyudaIncluido()
 {
     const QString nombre = QStringLiteral("/ayuda/Ql931.html");
-    // Beside an installed program first, then the source tree it was built from.
+    // Beside an installed program first, then the copy built into the program.
     const QString instalado = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/qualvia") + nombre;
     if (QFileInfo::exists(instalado))
         return instalado;
-    return QStringLiteral(F931_DIR_DATOS) + nombre;
+    return QStringLiteral(":/data") + nombre;
 }
 
 void mostrarAyuda(const QString& archivo, const QString& contexto, QWidget* padre)
