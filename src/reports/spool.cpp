@@ -372,7 +372,7 @@ DocumentoSpool reproduceSpool(const QStringList& lineas, bool impresora, const R
                     doc.paginas.last().comandos.append(c);
                 }
             } else if (cabeza == QLatin1String("pNuevaHoja")) {
-                if (impresora && (!rango.activo || rango.contiene(ultimaHoja + 1))) {
+                if (impresora && (!rango.activo || rango.contiene(ultimaHoja))) {
                     PaginaDibujo nueva;
                     nueva.apaisada = apaisada;
                     doc.paginas.append(nueva);

@@ -177,6 +177,8 @@ TEST_F(Imprimir, PreliminarDejaElRangoParaLaImpresion)
     ASSERT_EQ(impresos.size(), 2);
     const DocumentoSpool& d = impresos[1];
     ASSERT_EQ(d.paginas.size(), 3);
+    ASSERT_FALSE(d.paginas[0].comandos.isEmpty());
+    ASSERT_FALSE(d.paginas[1].comandos.isEmpty());
     EXPECT_EQ(d.paginas[0].comandos[0].hoja, 1);
     EXPECT_EQ(d.paginas[1].comandos[0].hoja, 2);
     EXPECT_TRUE(d.paginas[2].comandos.isEmpty());

@@ -122,6 +122,7 @@ private slots:
         pulsar(w, w.boton(3));
         pulsar(w, w.boton(2));
         QCOMPARE(w.modelo().nHojaActual, qint16(0));
+        QVERIFY(!w.modelo().picPrevia[0].pagina.comandos.isEmpty());
         QCOMPARE(w.modelo().picPrevia[0].pagina.comandos[0].texto, QStringLiteral("H2"));
     }
 
