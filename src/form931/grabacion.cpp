@@ -434,6 +434,7 @@ void Frm931::CmdGrabar_Click()
         g.giEstadoGrabado = bConsistente ? 1 : 3;
 
         {
+            Transaccion transaccion;
             // 14, 17. The header.
             grabarCabecera(*this, sRuc, sPeriodo, bConsistente ? 0 : 9);
             // 18. The rows are replaced as a whole.
@@ -456,6 +457,7 @@ void Frm931::CmdGrabar_Click()
             const QString perdida = Trim(txt(108));
             if (perdida.isEmpty() || perdida == QLatin1String("0"))
                 ejecutar(QStringLiteral("DELETE FROM F0931_PTCEA") + kCadenaTrabajo, {sRuc, sPeriodo, g.gsFormulario});
+            transaccion.commit();
         }
 
         // 23. A new declaration, once saved, goes on as a stored one.

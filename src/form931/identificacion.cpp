@@ -413,8 +413,9 @@ void Frm931::MkePeriodo_Validate()
             SSTab1.Tab = 0;
             MsgBox(QStringLiteral("La fecha de presentación del formulario 4888 no puede ser mayor a la fecha del sistema."),
                    vbCritical, Caption);
-            darFoco(QStringLiteral("MkePeriodo"));
-        } else if (!ValidaPeriodo(t)) {
+        }
+        // A date of another year keeps the focus in the box.
+        if (!ValidaPeriodo(t)) {
             SSTab1.Tab = 0;
             MsgBox(QStringLiteral("El año de la fecha del formulario 4888 debe corresponder al año de la presentación"),
                    vbCritical, Caption);

@@ -82,6 +82,7 @@ void ModeloImprimir::Form_Load()
 {
     Globales& g = G();
     barraAnterior_ = barraEstado();
+    g.gsArchMens = g.gsPathSys + QStringLiteral("Mens.txt");
     const bool enviadas = g.gbImpEnviada;
     g.gbRptEnviada = enviadas ? -1 : 0;
     Caption = enviadas ? QStringLiteral("Imprimir Formularios enviados") : QStringLiteral("Imprimir ");

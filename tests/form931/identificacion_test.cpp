@@ -289,4 +289,63 @@ TEST_F(FormularioNuevo, OtroContribuyenteConservaLosDatosDelContador)
     EXPECT_EQ(t(208), QStringLiteral("20500004569"));
 }
 
+// In January the July balance belongs to the year before; April's does not.
+TEST_F(FormularioNuevo, BalanceDeJulioEnEnero)
+{
+    abrir(QStringLiteral("2027"));
+    fijarHoy(QDate(2027, 1, 15));
+    identificar(0, 0, 1);
+    EXPECT_EQ(G().gsPeriodo, QStringLiteral("202608"));
+    EXPECT_EQ(f().TxtEjercicio.Text, QStringLiteral("08/2026"));
+    f().elegir(f().CboBalance, 0);
+    EXPECT_EQ(G().gsPeriodo, QStringLiteral("202705"));
+}
+
+// Without a complete answer the frame of the suspension follows the text of the date.
+TEST_F(FormularioNuevo, SuspensionConRespuestasIncompletas)
+{
+    abrir();
+    identificar(0, 0, -1);
+    f().marcar(f().OptInicio, 0);
+    f().CboBalance.Enabled = true;
+    f().elegir(f().CboBalance, 1);
+    EXPECT_TRUE(f().marcos.value(QStringLiteral("FrameSusPC")).Visible);
+    EXPECT_EQ(G().gsPeriodo, QStringLiteral("2026")) << "no period without the answers";
+    f().elegir(f().CboBalance, 0);
+    EXPECT_FALSE(f().marcos.value(QStringLiteral("FrameSusPC")).Visible);
+}
+
+struct CasoFecha4888 {
+    const char* fecha;
+    const char* mensaje;
+    bool retieneFoco;
+};
+class Fecha4888 : public FormularioNuevo, public ::testing::WithParamInterface<CasoFecha4888> {};
+
+TEST_P(Fecha4888, AlDejarLaCaja)
+{
+    abrir();
+    identificar(1, -1, 1);
+    f().SSTab1.Tab = 2;
+    f().darFoco(QStringLiteral("MkePeriodo"));
+    f().escribirControl(QStringLiteral("MkePeriodo"), QString::fromLatin1(GetParam().fecha));
+    f().mbModificado = false;
+    f().darFoco(QStringLiteral("TxtTelefono"));
+    if (*GetParam().mensaje) {
+        EXPECT_EQ(mensajes(), QStringList{QString::fromUtf8(GetParam().mensaje)});
+        EXPECT_EQ(f().SSTab1.Tab, 0);
+    } else {
+        EXPECT_TRUE(mensajes().isEmpty());
+    }
+    EXPECT_EQ(f().foco, GetParam().retieneFoco ? QStringLiteral("MkePeriodo") : QStringLiteral("TxtTelefono"));
+    EXPECT_TRUE(f().mbModificado);
+    EXPECT_EQ(G().gsTasa, QStringLiteral("15"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Fechas, Fecha4888, ::testing::Values(
+    CasoFecha4888{"10/03/2026", "", false},
+    CasoFecha4888{"__/03/2026", "", false},
+    CasoFecha4888{"10/03/2025", "El año de la fecha del formulario 4888 debe corresponder al año de la presentación", true},
+    CasoFecha4888{"01/12/2026", "La fecha de presentación del formulario 4888 no puede ser mayor a la fecha del sistema.", false}));
+
 }  // namespace

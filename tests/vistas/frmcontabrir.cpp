@@ -1,0 +1,315 @@
+// The picker of working declarations on the screen, and a declaration that goes through the
+// windows: typed, saved, closed, and opened again from the picker as it was.
+#include "basic/reloj.h"
+#include "comun/base_prueba.h"
+#include "form931/frm931.h"
+#include "form931/vista/frm931vista.h"
+#include "register/vista/frmcontabrir.h"
+#include "shell/comandos.h"
+#include "shell/globales.h"
+#include "shell/vista/ventanas.h"
+#include "store/base.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+namespace {
+
+void declaracion(const QString& ruc, const QString& periodo)
+{
+    ejecutar(QStringLiteral("INSERT INTO CAB (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, ESTADO, cNumero)"
+                            " VALUES (6, ?, ?, '0931', 0, '123456')"),
+             {ruc, periodo});
+    ejecutar(QStringLiteral("INSERT INTO DET (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, CASILLA, I_VALOR, cNumero)"
+                            " VALUES (6, ?, ?, '0931', '500', '1', '123456')"),
+             {ruc, periodo});
+}
+
+QStringList filaDeGrilla(QTableWidget* g, int fila)
+{
+    QStringList l;
+    for (int c = 0; c < g->columnCount(); ++c)
+        l << (g->item(fila, c) ? g->item(fila, c)->text() : QString());
+    return l;
+}
+
+// What a window of the declaration shows, by the names of its controls.
+QMap<QString, QString> loQueMuestra(QWidget* ventana)
+{
+    QMap<QString, QString> m;
+    for (QLineEdit* le : ventana->findChildren<QLineEdit*>())
+        if (!le->objectName().isEmpty() && !le->objectName().startsWith(QLatin1String("qt_")))
+            m.insert(le->objectName(), le->displayText());
+    for (QRadioButton* r : ventana->findChildren<QRadioButton*>())
+        if (!r->objectName().isEmpty())
+            m.insert(r->objectName(), r->isChecked() ? QStringLiteral("x") : QString());
+    for (QComboBox* c : ventana->findChildren<QComboBox*>())
+        if (!c->objectName().isEmpty())
+            m.insert(c->objectName(), c->currentText());
+    for (QLabel* l : ventana->findChildren<QLabel*>())
+        if (l->objectName().startsWith(QLatin1String("lblTab2")) || l->objectName() == QLatin1String("LblSistema"))
+            m.insert(l->objectName(), l->text());
+    return m;
+}
+
+}  // namespace
+
+class PruebaFrmContAbrir : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<FamiliaPrueba> familia;
+    RespondedorGuion& respondedor() { return familia->respondedor(); }
+
+    // ------------------------------------------------------------ the declaration window
+    Frm931Vista* vista = nullptr;
+    Frm931* frm = nullptr;
+
+    QTabWidget* pestanas(const QString& nombre) { return vista->findChild<QTabWidget*>(nombre); }
+
+    void irA(const QString& control)
+    {
+        const Frm931::UbicacionControl u = Frm931::ubicacion(control);
+        if (u.paginaSSTab1 >= 0)
+            pestanas(QStringLiteral("SSTab1"))->setCurrentIndex(u.paginaSSTab1);
+        if (!u.subTab.isEmpty())
+            pestanas(u.subTab)->setCurrentIndex(u.paginaSub);
+        const int n = Frm931::casillaDeNombre(control);
+        auto* barra = vista->findChild<QScrollBar*>(QStringLiteral("VScroll1"));
+        if (n >= 500 && n <= 515 && barra->value() != 1)
+            barra->setValue(1);
+        if (n >= 516 && n <= 531 && barra->value() == 1)
+            barra->setValue(15);
+    }
+
+    void clic(const QString& control)
+    {
+        irA(control);
+        QWidget* w = vista->control(control);
+        QVERIFY2(w && w->isVisible() && w->isEnabled(), qPrintable(control));
+        QTest::mouseClick(w, Qt::LeftButton, {}, QPoint(8, w->height() / 2));
+    }
+
+    void teclear(const QString& control, const QString& texto)
+    {
+        irA(control);
+        auto* le = qobject_cast<QLineEdit*>(vista->control(control));
+        QVERIFY2(le && le->isVisible() && le->isEnabled(), qPrintable(control));
+        for (int i = 0; i < 2 && QApplication::focusWidget() != le; ++i)
+            QTest::mouseClick(le, Qt::LeftButton);
+        QCOMPARE(QApplication::focusWidget(), le);
+        le->selectAll();
+        QTest::keyClicks(le, texto);
+    }
+
+    void elegirLinea(const QString& control, int indice)
+    {
+        irA(control);
+        auto* c = qobject_cast<QComboBox*>(vista->control(control));
+        QVERIFY(c && c->isEnabled());
+        c->setFocus(Qt::MouseFocusReason);
+        c->setCurrentIndex(indice);
+        emit c->activated(indice);
+    }
+
+    static int lineaQueEmpieza(const Lista& l, const QString& inicio)
+    {
+        for (int i = 0; i < l.items.size(); ++i)
+            if (l.items[i].startsWith(inicio))
+                return i;
+        return -1;
+    }
+
+private slots:
+    void init()
+    {
+        familia = std::make_unique<FamiliaPrueba>();
+        instalarAbridores({});
+    }
+
+    void cleanup()
+    {
+        instalarAbridores({});
+        familia.reset();
+    }
+
+    void losTitulosYLaGrillaSiguenAlModo()
+    {
+        declaracion(DatosDemo::kRucPacifico, QStringLiteral("202608"));
+        declaracion(DatosDemo::kRucAndina, QStringLiteral("202605"));
+        FrmContAbrirVista v(1);
+        v.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&v));
+        QCOMPARE(v.windowTitle(), QStringLiteral("Modificar Declaraciones"));
+        QCOMPARE(v.Frame1->title(), QStringLiteral("Declaraciones Registradas"));
+        QCOMPARE(v.Label1->text(), QStringLiteral("Seleccione la Declaración que desea modificar :"));
+        QCOMPARE(v.CmdOpciones[0]->text(), QStringLiteral("&Modificar"));
+        QCOMPARE(v.CmdOpciones[1]->text(), QStringLiteral("&Salir"));
+        QStringList cabeceras;
+        for (int c = 0; c < v.grdContrib->columnCount(); ++c)
+            cabeceras << v.grdContrib->horizontalHeaderItem(c)->text();
+        QCOMPARE(cabeceras, (QStringList{QStringLiteral("RUC"), QStringLiteral("Razón Social"), QStringLiteral("Periodo"),
+                                         QStringLiteral("Formulario")}));
+        QCOMPARE(v.grdContrib->rowCount(), 2);
+        QCOMPARE(filaDeGrilla(v.grdContrib, 0), (QStringList{DatosDemo::kRucAndina, DatosDemo::kNombreAndina,
+                                                             QStringLiteral("202605"), QStringLiteral("0931")}));
+        QCOMPARE(v.grdContrib->currentRow(), 0);
+
+        FrmContAbrirVista eliminar(3);
+        QCOMPARE(eliminar.windowTitle(), QStringLiteral("Eliminar Declaraciones"));
+        QCOMPARE(eliminar.CmdOpciones[0]->text(), QStringLiteral("&Eliminar"));
+    }
+
+    void elCursorLlevaLaBarraDeEstadoYElDobleClicAbre()
+    {
+        declaracion(DatosDemo::kRucPacifico, QStringLiteral("202608"));
+        declaracion(DatosDemo::kRucAndina, QStringLiteral("202605"));
+        QStringList abiertas;
+        Abridores a;
+        a.declaracion = [&](qint16 modo, const QStringList& datos) {
+            abiertas << QString::number(modo) + QLatin1Char(':') + datos.join(QLatin1Char('|'));
+        };
+        instalarAbridores(a);
+        FrmContAbrirVista v(1);
+        v.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&v));
+        v.grdContrib->setCurrentCell(1, 1);
+        QCOMPARE(v.modelo().fila, 1);
+        QCOMPARE(barraEstado().PanelRuc, DatosDemo::kRucPacifico);
+        QCOMPARE(barraEstado().PanelPeriodo, QStringLiteral("2026/08"));
+
+        const QRect celda = v.grdContrib->visualItemRect(v.grdContrib->item(1, 0));
+        QTest::mouseDClick(v.grdContrib->viewport(), Qt::LeftButton, {}, celda.center());
+        QCOMPARE(abiertas, QStringList{QStringLiteral("1:") + DatosDemo::kRucPacifico + QLatin1Char('|') + DatosDemo::kNombrePacifico});
+        QCOMPARE(G().gsPeriodoSel, QStringLiteral("202608"));
+        QCOMPARE(v.grdContrib->currentRow(), 1);
+
+        QTest::mouseClick(v.CmdOpciones[1], Qt::LeftButton);
+        QVERIFY(!v.isVisible());
+        QCOMPARE(barraEstado().PanelRuc, QString());
+    }
+
+    void eliminarPreguntaYQuitaLaFila()
+    {
+        declaracion(DatosDemo::kRucPacifico, QStringLiteral("202608"));
+        declaracion(DatosDemo::kRucAndina, QStringLiteral("202605"));
+        FrmContAbrirVista v(3);
+        v.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&v));
+        v.grdContrib->setCurrentCell(1, 0);
+        respondedor().respuestas << vbNo;
+        QTest::mouseClick(v.CmdOpciones[0], Qt::LeftButton);
+        QCOMPARE(v.grdContrib->rowCount(), 2);
+        QCOMPARE(respondedor().mostrados.last().flags, 292);
+        respondedor().respuestas << vbYes;
+        QTest::mouseClick(v.CmdOpciones[0], Qt::LeftButton);
+        QCOMPARE(v.grdContrib->rowCount(), 1);
+        QCOMPARE(filaDeGrilla(v.grdContrib, 0).first(), DatosDemo::kRucAndina);
+        QVERIFY(v.isVisible());
+        QCOMPARE(escalar(QStringLiteral("SELECT count(*) FROM DET WHERE DOC_ID_D=?"), {DatosDemo::kRucPacifico}).toInt(), 0);
+    }
+
+    // A declaration typed in the window, saved and closed, then opened through "&Modificar",
+    // shows every box, answer and caption as before (but for the few boxes whose stored value
+    // the form shows in a display of its own, which read the same amount).
+    void laDeclaracionGuardadaSeReabreComoEstaba()
+    {
+        familia->comoUsuario(DatosDemo::kContador);
+        G().gsPeriodo = QString::number(Hoy().year());
+        G().gsPeriodoSel.clear();
+        QMap<QString, QString> antes;
+        {
+            EntornoQt entorno;
+            Frm931 modelo(&entorno);
+            modelo.Form_Load();
+            Frm931Vista ventana(modelo);
+            entorno.vista = &ventana;
+            vista = &ventana;
+            frm = &modelo;
+            ventana.show();
+            QVERIFY(QTest::qWaitForWindowActive(&ventana));
+
+            elegirLinea(QStringLiteral("CmbRuc"), lineaQueEmpieza(modelo.CmbRuc, DatosDemo::kRucAndina));
+            teclear(QStringLiteral("TxtTelefono"), QStringLiteral("4445555"));
+            clic(QStringLiteral("optRenta(0)"));
+            clic(QStringLiteral("OptPersona(1)"));
+            clic(QStringLiteral("OptInicio(0)"));
+            clic(QStringLiteral("OptPrecedente(1)"));
+            clic(QStringLiteral("OptAnterior(0)"));
+            elegirLinea(QStringLiteral("CboBalance"), 1);
+            const QList<QPair<int, QString>> importes = {{500, QStringLiteral("25000")}, {508, QStringLiteral("1200")},
+                                                         {523, QStringLiteral("8000")}, {532, QStringLiteral("4000")},
+                                                         {544, QStringLiteral("20000")}, {552, QStringLiteral("7800")},
+                                                         {461, QStringLiteral("480000")}, {464, QStringLiteral("210000")},
+                                                         {469, QStringLiteral("45000")}, {481, QStringLiteral("700")},
+                                                         {103, QStringLiteral("4000")}, {105, QStringLiteral("1000")}};
+            for (const auto& [n, texto] : importes)
+                teclear(Frm931::nombreCasilla(n), texto);
+            teclear(QStringLiteral("TxtNombreA"), QStringLiteral("PEREZ"));
+            teclear(QStringLiteral("TxtValor(211)"), QStringLiteral("12345"));
+            teclear(QStringLiteral("TxtValor(103)"), QString());   // the last box is left
+
+            clic(QStringLiteral("CmdGrabar"));
+            QVERIFY2(!modelo.mbModificado, qPrintable(respondedor().textos().join(QLatin1Char('\n'))));
+            QVERIFY(respondedor().textos().last().startsWith(QStringLiteral("La información de la declaración fue grabada")));
+            antes = loQueMuestra(&ventana);
+            clic(QStringLiteral("cmdCancelar"));
+            QVERIFY(!ventana.isVisible());
+            vista = nullptr;
+            frm = nullptr;
+        }
+
+        // The main window's opener of the declaration form.
+        Abridores a;
+        a.declaracion = [](qint16 modo, const QStringList& datos) { pAbreDeclaracion(modo, datos); };
+        instalarAbridores(a);
+        FrmContAbrirVista picker(1);
+        picker.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&picker));
+        QCOMPARE(picker.grdContrib->rowCount(), 1);
+
+        QMap<QString, QString> despues;
+        bool visto = false;
+        QTimer::singleShot(0, this, [&] {
+            auto* reabierta = qobject_cast<Frm931Vista*>(QApplication::activeModalWidget());
+            QVERIFY(reabierta);
+            QVERIFY(QTest::qWaitForWindowExposed(reabierta));
+            despues = loQueMuestra(reabierta);
+            visto = true;
+            QTest::mouseClick(reabierta->control(QStringLiteral("cmdCancelar")), Qt::LeftButton);
+        });
+        QTest::mouseClick(picker.CmdOpciones[0], Qt::LeftButton);
+        QVERIFY(visto);
+
+        // The form's own displays of stored values: 150, 462, 464 and the stored tax (none here
+        // but 464), and the taxpayer shown in a box in place of the list.
+        QCOMPARE(despues.value(QStringLiteral("TxtValor(464)")), QStringLiteral("-210,000"));
+        despues[QStringLiteral("TxtValor(464)")] = antes.value(QStringLiteral("TxtValor(464)"));
+        QStringList distintas;
+        for (auto it = antes.cbegin(); it != antes.cend(); ++it) {
+            if (it.key() == QLatin1String("TxtRazon") || it.key() == QLatin1String("CmbRuc")
+                || it.key() == QLatin1String("TxtNumRuc"))
+                continue;
+            if (despues.value(it.key()) != it.value())
+                distintas << QStringLiteral("%1: '%2' -> '%3'").arg(it.key(), it.value(), despues.value(it.key()));
+        }
+        QVERIFY2(distintas.isEmpty(), qPrintable(distintas.join(QLatin1Char('\n'))));
+        QCOMPARE(despues.value(QStringLiteral("TxtNumRuc")), DatosDemo::kRucAndina);
+        QCOMPARE(despues.value(QStringLiteral("TxtRazon")).trimmed(), antes.value(QStringLiteral("TxtRazon")).trimmed());
+    }
+};
+
+QTEST_MAIN(PruebaFrmContAbrir)
+#include "frmcontabrir.moc"
