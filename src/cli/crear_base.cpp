@@ -11,7 +11,8 @@ namespace {
 int comandoCrearBase(const QStringList& argumentos)
 {
     QTextStream err(stderr);
-    if (argumentos.size() != 1) {
+    // An option is never taken for a file name ("--help" must not become a database).
+    if (argumentos.size() != 1 || argumentos.first().startsWith(QLatin1Char('-'))) {
         err << "uso: f931 crear-base ARCHIVO" << Qt::endl;
         return 2;
     }

@@ -98,7 +98,7 @@ void Frm931::Form_Activate()
         MsgBox(QStringLiteral("Ud. no ha actualizado el parámetro de números indice correspondiente al mes de diciembre. ")
                    + QStringLiteral("Las instrucciones para actualizar el parametro de números indice deben haber sido ")
                    + QStringLiteral("publicadas en diarios de circulación nacional o consulte nuestra pagina web: ")
-                   + QStringLiteral("www.taven.gob.pe"),
+                   + QStringLiteral("www.taven.gob"),
                vbExclamation, Caption);
 }
 
@@ -143,7 +143,7 @@ void Frm931::pCargaIdent()
         for (int i = 0; i < cboTipDocRepLegal.items.size(); ++i)
             if (Left(cboTipDocRepLegal.items[i], 2) == txt(225)) {
                 cboTipDocRepLegal.ListIndex = i;
-                const QStringList a = Mid(cboTipDocRepLegal.items[i], 68).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+                const QStringList a = atributosTipoDoc(cboTipDocRepLegal.items[i]);
                 if (!a.isEmpty())
                     caja(226).MaxLength = static_cast<int>(Val(a[0]));
                 break;

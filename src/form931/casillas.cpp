@@ -18,19 +18,18 @@ const QString kHintImportesSinTilde = QStringLiteral("Anotar los importes en nue
 const QString kHintObligatorio1 = QStringLiteral("El registro de esta información es de caracter obligatorio");
 const QString kHintObligatorio2 = QStringLiteral("en los conceptos que le correspondan.");
 
-// The three attributes that the document-type line carries after its visible part, beyond
-// the 67th character: length, kind of data and kind of length.
-QStringList atributosTipoDoc(const QString& linea)
+}  // namespace
+
+QStringList Frm931::atributosTipoDoc(const QString& linea)
 {
+    // They stand beyond the 67th character, separated by blanks.
     return Mid(linea, 68).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
-
-}  // namespace
 
 // Length of the legal representative's document for the type chosen; 0 when none is chosen.
 static int longitudDocumento(const Lista& combo)
 {
-    const QStringList a = atributosTipoDoc(combo.Text());
+    const QStringList a = Frm931::atributosTipoDoc(combo.Text());
     return a.isEmpty() ? 0 : static_cast<int>(Val(a[0]));
 }
 

@@ -174,6 +174,9 @@ public:
     void ponerVScroll(int valor);
     // Help texts shown over a computed box; false when the box shows the general hint.
     static bool ayudaCasilla(int n, QString& linea1, QString& linea2);
+    // The attributes a document-type line carries after its visible part: length of the
+    // number, kind of data, kind of length.
+    static QStringList atributosTipoDoc(const QString& linea);
 
     // ------------------------------------------------------------------ events of the boxes
     void TxtValor_Change(int Index);
@@ -294,8 +297,9 @@ public:
 
 private:
     void crearControles();
-    // Frames of a regime: shown and enabled for the chosen one, shut for the others.
-    void mostrarMarcosRegimen(int Index);
+    // Frames of a regime: shown and enabled for the chosen one, shut for the others (with
+    // abrirMarcos false only the MYPE group follows the regime).
+    void mostrarMarcosRegimen(int Index, bool abrirMarcos = true);
     // The suspension of advance payments back to "No" with its boxes cleared.
     void reponerSuspension();
     // CboBalance's index set by a rule: raises the click when it changes.

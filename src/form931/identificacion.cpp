@@ -90,7 +90,7 @@ void Frm931::LblSistema_Change()
 
 // ---------------------------------------------------------------------- regime
 
-void Frm931::mostrarMarcosRegimen(int Index)
+void Frm931::mostrarMarcosRegimen(int Index, bool abrirMarcos)
 {
     if (Index == 5) {
         marco(QStringLiteral("frmMype")).Visible = true;
@@ -99,6 +99,8 @@ void Frm931::mostrarMarcosRegimen(int Index)
         for (int n = 250; n <= 253; ++n)
             setTxt(n, QString());
     }
+    if (!abrirMarcos)
+        return;
     abrir(marco(QStringLiteral("Frame_General")), false);
     abrir(marco(QStringLiteral("Frame_General")), Index == 0 || Index == 5);
 
@@ -130,7 +132,8 @@ void Frm931::optRenta_Click(int Index)
             return;
         }
     }
-    mostrarMarcosRegimen(Index);
+    // The same regime again keeps its frames as its answers left them.
+    mostrarMarcosRegimen(Index, miRegimen != Index);
     miRegimen = static_cast<quint8>(Index);
     if (Index == 1 || Index == 3)
         mbModificado = true;
@@ -342,7 +345,7 @@ void Frm931::OptConvEstab_Click(int Index)
 void Frm931::cboTipDocRepLegal_Click()
 {
     setTxt(225, Left(cboTipDocRepLegal.Text(), 2));
-    const QStringList a = Mid(cboTipDocRepLegal.Text(), 68).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    const QStringList a = atributosTipoDoc(cboTipDocRepLegal.Text());
     caja(226).MaxLength = a.isEmpty() ? 0 : static_cast<int>(Val(a[0]));
     setTxt(226, QString());
 }

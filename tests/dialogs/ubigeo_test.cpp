@@ -72,6 +72,13 @@ TEST_F(Ubigeo, AbreEnElCodigoQueTraeYLoDevuelve)
     FrmUbigeo u(QStringLiteral("Ubigeo Zona 3"));
     u.Form_Load();
     EXPECT_EQ(u.CodigoUbigeo(), QStringLiteral("010102"));
+    FrmUbigeo cancelado(QStringLiteral("Ubigeo Zona 3"));
+    cancelado.Form_Load();
+    cancelado.elegirDepartamento(2);
+    cancelado.cmdAccion_Click(1);   // cancel: the code stays, the zone goes
+    EXPECT_TRUE(cancelado.cerrado);
+    EXPECT_EQ(G().gsUbigeoSel, QStringLiteral("010102"));
+    EXPECT_EQ(G().gsZonaSel, QString());
     u.cmdAccion_Click(0);
     EXPECT_TRUE(u.cerrado);
     EXPECT_EQ(G().gsZonaSel, QStringLiteral("3"));
@@ -90,19 +97,6 @@ TEST_F(Ubigeo, AceptarSinDistritoAvisaYSigueAbierto)
     EXPECT_EQ(cuadros().first().texto, QStringLiteral("Debe seleccionar el Ubigeo."));
     EXPECT_EQ(cuadros().first().flags, vbCritical);
     EXPECT_EQ(cuadros().first().titulo, QStringLiteral("Ubigeo Zona 1"));
-}
-
-TEST_F(Ubigeo, CancelarDejaElCodigo)
-{
-    G().gsUbigeoSel = QStringLiteral("010101");
-    G().gsZonaSel = QStringLiteral("1");
-    FrmUbigeo u(QStringLiteral("Ubigeo Zona 2"));
-    u.Form_Load();
-    u.elegirDepartamento(2);
-    u.cmdAccion_Click(1);
-    EXPECT_TRUE(u.cerrado);
-    EXPECT_EQ(G().gsUbigeoSel, QStringLiteral("010101"));
-    EXPECT_EQ(G().gsZonaSel, QString());
 }
 
 }  // namespace

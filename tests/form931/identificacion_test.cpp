@@ -25,10 +25,12 @@ TEST_F(FormularioNuevo, PrimeraEleccionYMismaEleccionNoPreguntan)
     abrir();
     contribuyente();
     f().marcar(f().optRenta, 2);
+    EXPECT_TRUE(abierto(f(), "Frame19"));
+    f().marcar(f().OptUbicAmazonia, 1);
     f().marcar(f().optRenta, 2);
     EXPECT_TRUE(mensajes().isEmpty());
     EXPECT_EQ(f().miRegimen, 2);
-    EXPECT_TRUE(abierto(f(), "Frame19"));
+    EXPECT_FALSE(f().marcos.value(QStringLiteral("Frame19")).Enabled) << "the answers keep their frames";
     EXPECT_FALSE(abierto(f(), "Frame_General"));
 }
 
@@ -83,27 +85,6 @@ INSTANTIATE_TEST_SUITE_P(Regimenes, MarcosDelRegimen, ::testing::Values(
     CasoMarcos{3, {"Frame13", "Frame16"}},
     CasoMarcos{4, {"Frame14"}},
     CasoMarcos{5, {"Frame_General"}}));
-
-// The two Amazonía questions exclude each other; No to one keeps the other's answer.
-TEST_F(FormularioNuevo, PreguntasDeAmazoniaSeExcluyen)
-{
-    abrir();
-    identificar(2, -1, 1);
-    f().marcar(f().OptLeyAmazonia, 0);
-    f().marcar(f().OptUbicAmazonia, 1);
-    EXPECT_FALSE(f().OptLeyAmazonia.contestado());
-    EXPECT_FALSE(f().OptLeyAmazonia.b[1].Enabled);
-    EXPECT_TRUE(f().OptDomFiscal.b[1].Enabled);
-    f().marcar(f().OptUbicAmazonia, 0);
-    EXPECT_TRUE(f().OptLeyAmazonia.b[1].Enabled) << "an unanswered law question opens again";
-    f().marcar(f().OptLeyAmazonia, 1);
-    EXPECT_FALSE(f().OptUbicAmazonia.contestado());
-    f().marcar(f().OptLeyAmazonia, 0);
-    EXPECT_TRUE(f().OptUbicAmazonia.b[0].Enabled);
-    f().marcar(f().OptUbicAmazonia, 0);
-    f().marcar(f().OptLeyAmazonia, 0);
-    EXPECT_TRUE(f().OptUbicAmazonia.valor(0)) << "No to the law keeps the location's answer";
-}
 
 TEST_F(FormularioNuevo, UbigeoDeLaZona)
 {
@@ -212,22 +193,6 @@ INSTANTIATE_TEST_SUITE_P(Fechas, FechaBalance, ::testing::Values(
     CasoFecha{"2012", 0, "201201", "01/2012", "al 31 de Enero", 53, 89, 43, 77, 24, false},
     CasoFecha{"2012", 1, "201206", "06/2012", "al 30 de Junio", 53, 90, 44, 78, 23, false}));
 
-TEST_F(FormularioNuevo, FechaDeBalanceConNombreDeMes)
-{
-    abrir();
-    identificar(0, 0, 1);
-    EXPECT_EQ(f().msFechaBalance, QStringLiteral(" al 31 de Julio "));
-    f().marcar(f().OptSuspPC, 1);
-    EXPECT_TRUE(f().txtNumRes.Enabled);
-    f().escribirControl(QStringLiteral("txtNumRes"), QStringLiteral("0123456789012"));
-    f().elegir(f().CboBalance, 0);
-    EXPECT_FALSE(f().marcos.value(QStringLiteral("FrameSusPC")).Visible);
-    EXPECT_TRUE(f().OptSuspPC.valor(0));
-    EXPECT_EQ(f().txtNumRes.Text, QString());
-    EXPECT_EQ(f().mkefecnot.Text, QStringLiteral("__/__/____"));
-    EXPECT_FALSE(f().mkefecnot.Enabled);
-}
-
 // A MYPE taxpayer with net income up to 300 UIT, exactly 300 included, has no April balance.
 struct CasoAbril {
     const char* ingresos;
@@ -299,20 +264,6 @@ TEST_F(FormularioNuevo, BalanceDeJulioEnEnero)
     EXPECT_EQ(f().TxtEjercicio.Text, QStringLiteral("08/2026"));
     f().elegir(f().CboBalance, 0);
     EXPECT_EQ(G().gsPeriodo, QStringLiteral("202705"));
-}
-
-// Without a complete answer the frame of the suspension follows the text of the date.
-TEST_F(FormularioNuevo, SuspensionConRespuestasIncompletas)
-{
-    abrir();
-    identificar(0, 0, -1);
-    f().marcar(f().OptInicio, 0);
-    f().CboBalance.Enabled = true;
-    f().elegir(f().CboBalance, 1);
-    EXPECT_TRUE(f().marcos.value(QStringLiteral("FrameSusPC")).Visible);
-    EXPECT_EQ(G().gsPeriodo, QStringLiteral("2026")) << "no period without the answers";
-    f().elegir(f().CboBalance, 0);
-    EXPECT_FALSE(f().marcos.value(QStringLiteral("FrameSusPC")).Visible);
 }
 
 struct CasoFecha4888 {
