@@ -122,7 +122,10 @@ public:
     QVector<QPair<QString, QString>> grdPerdidaTributaria;
 
     // Focus: the name of the control that has it, as "TxtValor(461)", "CmbRuc", "TxtTelefono",
-    // "MkePeriodo", ... Moving it runs the old box's lost-focus and the new box's got-focus.
+    // "MkePeriodo", "optRenta" (a group), "OptPrecedente(0)" (one button), ... Moving it runs
+    // the old box's lost-focus (MkePeriodo's validation on leaving it) and the new box's
+    // got-focus; a lost-focus rule that moves the focus wins (leaving 473 lands on 475). A
+    // control that is disabled or hidden, or in a disabled frame, does not take it.
     QString foco;
     void darFoco(const QString& control);
     void darFocoCasilla(int n) { darFoco(nombreCasilla(n)); }

@@ -292,12 +292,12 @@ void Frm931::CmdGrabar_Click()
         };
         auto rehusa = [this](const QString& texto) { MsgBox(texto, vbCritical, Caption); };
 
-        // 1. Periods of the first half that can't be stored under the rules of 2013.
+        // Periods of the first half that can't be stored under the rules of 2013.
         if (g.gsPeriodo == QLatin1String("201301") || g.gsPeriodo == QLatin1String("201306")) {
             rehusa(Texto::PeriodoNoValido);
             return;
         }
-        // 2. The period of the rows: the year of gsPeriodo and the month of the balance date.
+        // The period of the rows: the year of gsPeriodo and the month of the balance date.
         const QString anioPeriodo = Left(g.gsPeriodo, 4);
         const int y = static_cast<int>(Val(anioPeriodo));
         QString sPeriodo = anioPeriodo;
@@ -306,7 +306,7 @@ void Frm931::CmdGrabar_Click()
         else if (CboBalance.ListIndex == 1)
             sPeriodo += y < 2013 ? QStringLiteral("06") : QStringLiteral("08");
 
-        // 3-6. Regime and payment block.
+        // Regime and payment block.
         if (!optRenta.contestado()) {
             aPagina(0, 0);
             rehusa(Texto::Regimen);
@@ -334,7 +334,7 @@ void Frm931::CmdGrabar_Click()
             rehusa(Texto::MesBalance);
             return;
         }
-        // 7. The suspension of payments asks for its resolution.
+        // The suspension of payments asks for its resolution.
         if (Left(CboBalance.Text(), 11) == QLatin1String("31 DE JULIO") && OptSuspPC.valor(1)) {
             const QString resolucion = txtNumRes.Text;
             const QString notificacion = mkefecnot.Text;
@@ -356,13 +356,13 @@ void Frm931::CmdGrabar_Click()
                 return;
             }
         }
-        // 8. Before 2013 the payment system must be known.
+        // Before 2013 the payment system must be known.
         if (y < 2013 && LblSistema.Caption.isEmpty()) {
             aPagina(0);
             rehusa(Texto::SistemaPago);
             return;
         }
-        // 9. The taxpayer; a new declaration must not repeat a stored one.
+        // The taxpayer; a new declaration must not repeat a stored one.
         const QString sRuc = miModo == 1 ? msRuc : Trim(Left(CmbRuc.Text(), 11));
         if (miModo == 0 && OptInicio.b.value(0).Enabled
             && escalar(QStringLiteral("SELECT 1 FROM CAB") + kCadenaTrabajo, {sRuc, sPeriodo, g.gsFormulario}).isValid()) {
@@ -372,19 +372,19 @@ void Frm931::CmdGrabar_Click()
             darFoco(QStringLiteral("CmbRuc"));
             return;
         }
-        // 10. A sent declaration only takes its order number.
+        // A sent declaration only takes its order number.
         if (g.gbEnviada && g.giOpcion == 2) {
             grabarOrden(*this);
             return;
         }
-        // 11. A new declaration needs its taxpayer.
+        // A new declaration needs its taxpayer.
         if (miModo == 0 && sRuc.isEmpty()) {
             aPagina(0, 0);
             rehusa(Texto::Contribuyente);
             darFoco(QStringLiteral("CmbRuc"));
             return;
         }
-        // 12. The date of the agrarian form.
+        // The date of the agrarian form.
         if (optRenta.valor(1) && !MkePeriodo.Text.contains(QLatin1Char('_'))) {
             const QString fecha = MkePeriodo.Text;
             const QDate dia = QDate::fromString(fecha, QStringLiteral("dd/MM/yyyy"));
@@ -400,7 +400,7 @@ void Frm931::CmdGrabar_Click()
                 return;
             }
         }
-        // 13. The RUC of the accountant, and the legal representative's when it is a RUC.
+        // The RUC of the accountant, and the legal representative's when it is a RUC.
         auto rucAjeno = [&](int casilla) {
             const QString ruc = Trim(txt(casilla));
             QString falta;
@@ -424,7 +424,7 @@ void Frm931::CmdGrabar_Click()
         if (txt(225) == QLatin1String("06") && !rucAjeno(226))
             return;
 
-        // 15-16. Losses of earlier years in hand, and the state the declaration is saved in.
+        // Losses of earlier years in hand, and the state the declaration is saved in.
         // Both are read before the transaction: the silent pass may show a message.
         const QVariant perdidas = escalar(QStringLiteral("SELECT count(*) AS nTotTemp FROM F0931_PTCEA") + kCadenaTrabajo,
                                           {sRuc, g.gsPeriodo, g.gsFormulario});
@@ -435,17 +435,17 @@ void Frm931::CmdGrabar_Click()
 
         {
             Transaccion transaccion;
-            // 14, 17. The header.
+            // The header.
             grabarCabecera(*this, sRuc, sPeriodo, bConsistente ? 0 : 9);
-            // 18. The rows are replaced as a whole.
+            // The rows are replaced as a whole.
             ejecutar(QStringLiteral("DELETE FROM DET") + kCadenaTrabajo, {sRuc, sPeriodo, g.gsFormulario});
-            // 19. The boxes, in their order.
+            // The boxes, in their order.
             if (!optRenta.valor(5))
                 for (int n = 250; n <= 253; ++n)
                     setTxt(n, QString());
             for (int n : mvCasillas)
                 pGrabaCasilla(codigoCasilla(n), Trim(txt(n)), sRuc, sPeriodo);
-            // 20-21. The answers and texts without a box.
+            // The answers and texts without a box.
             if (!optRenta.valor(2)) {
                 OptLeyAmazonia.apagar();
                 OptUbicAmazonia.apagar();
@@ -453,18 +453,18 @@ void Frm931::CmdGrabar_Click()
                 OptZona.apagar();
             }
             grabarSinCaja(*this, sRuc, sPeriodo);
-            // 22. No loss claimed: no loss rows.
+            // No loss claimed: no loss rows.
             const QString perdida = Trim(txt(108));
             if (perdida.isEmpty() || perdida == QLatin1String("0"))
                 ejecutar(QStringLiteral("DELETE FROM F0931_PTCEA") + kCadenaTrabajo, {sRuc, sPeriodo, g.gsFormulario});
             transaccion.commit();
         }
 
-        // 23. A new declaration, once saved, goes on as a stored one.
+        // A new declaration, once saved, goes on as a stored one.
         if (miModo == 0)
             cerrarComoGrabada(*this, sRuc);
 
-        // 24.
+        // The closing message, by the state saved.
         mbModificado = false;
         if (g.giEstadoGrabado == 3)
             MsgBox(MensajeError(152), vbExclamation, Caption);
