@@ -37,12 +37,11 @@ int main(int argc, char** argv)
 
     FamiliaPrueba familia;
     using namespace prueba931;
-    const QString ruc = DatosDemo::kRucAndina;
     const QString periodo = QStringLiteral("202608");
     {
         EntornoSinPantalla entorno;
         Frm931 frm(&entorno);
-        teclear(frm, entorno, declaracionCompleta());
+        reproducirEntrada(frm, entorno, declaracionDeRegimen());
         frm.CmdGrabar_Click();
         if (frm.mbModificado) {
             std::fprintf(stderr, "the declaration was not saved: %s\n",
@@ -51,7 +50,7 @@ int main(int argc, char** argv)
         }
     }
     std::printf("declaration of %lld rows in DET\n",
-                static_cast<long long>(filasDet(ruc, periodo).size()));
+                static_cast<long long>(mapaDet(periodo).size()));
 
     std::vector<double> abrir, grabar;
     for (int i = 0; i < vueltas; ++i) {
@@ -59,7 +58,7 @@ int main(int argc, char** argv)
         Frm931 frm(&entorno);
         QElapsedTimer t;
         t.start();
-        abrirGuardada(frm, ruc, DatosDemo::kNombreAndina, periodo);
+        abrirGuardada(frm, periodo);
         abrir.push_back(t.nsecsElapsed() / 1e6);
 
         frm.mbModificado = true;
