@@ -576,6 +576,10 @@ void Frm931::cmdCancelar_Click()
             if (respuesta == vbYes) {
                 seguir = false;
                 CmdGrabar_Click();
+                // A save that a check refused (or that the database refused) keeps the form
+                // open with everything the user typed: leaving would lose it.
+                if (mbModificado)
+                    return;
             }
         }
         if (seguir) {

@@ -362,6 +362,24 @@ INSTANTIATE_TEST_SUITE_P(Preguntas, Salida,
                          ::testing::Values(CasoSalida{false, 0, true, false}, CasoSalida{true, vbCancel, false, false},
                                            CasoSalida{true, vbNo, true, false}, CasoSalida{true, vbYes, true, true}));
 
+TEST_F(Grabacion, SalirConSiYGrabacionRechazadaNoPierdeLoEscrito)
+{
+    ASSERT_TRUE(grabarNueva(declaracionDeRegimen()));
+    const QStringList det = volcado(QStringLiteral("DET"), kPeriodo);
+    EntornoRegistro otro;
+    Frm931 f(&otro);
+    abrirYCambiar(f);
+    f.optRenta.apagar();   // the save is refused for the missing regime
+    const QString escrito = f.txt(500);
+    respondedor().respuestas = {vbYes};
+    f.cmdCancelar_Click();
+    EXPECT_EQ(respondedor().textos().last(), QStringLiteral("Debe señalar el regimen de renta"));
+    EXPECT_FALSE(f.cerrado);
+    EXPECT_TRUE(f.mbModificado);
+    EXPECT_EQ(f.txt(500), escrito);
+    EXPECT_EQ(volcado(QStringLiteral("DET"), kPeriodo), det);
+}
+
 TEST_F(Grabacion, SalirDeUnaNuevaBorraUnaGrabacionRota)
 {
     reproducirEntrada(frm, entorno, declaracionDeRegimen());
