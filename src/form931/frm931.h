@@ -120,6 +120,7 @@ public:
     Etiqueta TxtAyuda, TxtAyuda1;    // the two help lines (Caption = text, ForeColor)
     // Loss grid on page 1 of SSTab4: rows (Anho, Importe) as last bound.
     QVector<QPair<QString, QString>> grdPerdidaTributaria;
+    int filaPerdida = 0;             // the grid's current row, set by the view
 
     // Focus: the name of the control that has it, as "TxtValor(461)", "CmbRuc", "TxtTelefono",
     // "MkePeriodo", "optRenta" (a group), "OptPrecedente(0)" (one button), ... Moving it runs

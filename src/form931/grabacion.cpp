@@ -628,9 +628,13 @@ void Frm931::cmdPerdida_Click(int Index)
             MsgBox(Texto::SistemaPagoPerdida, vbCritical, Caption);
             return;
         }
-        const QString ruc = msRuc.isEmpty() ? Trim(Left(CmbRuc.Text(), 11)) : Trim(msRuc);
-        // The grid's current row is its first one.
+        // The declaration's RUC: the one in hand when modifying, else the taxpayer box's.
+        QString ruc = miModo != 0 && !Trim(msRuc).isEmpty() ? Trim(msRuc) : Trim(Left(CmbRuc.Text(), 11));
+        if (ruc.isEmpty())
+            ruc = rucDeclarante();
         const bool sinFilas = grdPerdidaTributaria.isEmpty();
+        const QPair<QString, QString> fila =
+            sinFilas ? QPair<QString, QString>() : grdPerdidaTributaria.value(qBound(0, filaPerdida, int(grdPerdidaTributaria.size()) - 1));
         if (Index == 0) {
             g.gsRucPerdida = ruc;
             g.gsModoPerdida = QStringLiteral("0");
@@ -641,8 +645,8 @@ void Frm931::cmdPerdida_Click(int Index)
                 return;
             g.gsRucPerdida = ruc;
             g.gsModoPerdida = QStringLiteral("1");
-            g.gsAnhoPerdida = grdPerdidaTributaria.first().first;
-            g.gsImportePerdida = grdPerdidaTributaria.first().second;
+            g.gsAnhoPerdida = fila.first;
+            g.gsImportePerdida = fila.second;
             if (entorno)
                 entorno->abrirPerdida();
         } else if (Index == 2) {
@@ -650,7 +654,7 @@ void Frm931::cmdPerdida_Click(int Index)
                 return;
             if (MsgBox(Texto::ConfirmaEliminar, vbYesNo + vbQuestion + vbDefaultButton2, Caption) == vbYes)
                 ejecutar(QStringLiteral("DELETE FROM F0931_PTCEA") + kCadenaTrabajo + QStringLiteral(" AND ANHO=?"),
-                         {ruc, g.gsPeriodo, g.gsFormulario, grdPerdidaTributaria.first().first});
+                         {ruc, g.gsPeriodo, g.gsFormulario, fila.first});
         }
         SSTab4_Click(SSTab4.Tab);
     } catch (const ErrorVB& e) {

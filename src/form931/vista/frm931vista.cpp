@@ -7,6 +7,7 @@
 #include "basic/texto.h"
 #include "dialogs/vista/frmanexo477.h"
 #include "dialogs/vista/frmconsist.h"
+#include "dialogs/vista/frmperdida.h"
 #include "dialogs/vista/frmubigeo.h"
 #include "family/cutilqvl.h"
 #include "form931/casillas.h"
@@ -179,6 +180,12 @@ void EntornoQt::abrirUbigeo(const QString& caption)
 void EntornoQt::abrirConsist()
 {
     abrirFrmConsist(vista);
+    volverALaVentana(vista);
+}
+
+void EntornoQt::abrirPerdida()
+{
+    abrirFrmPerdida(vista);
     volverALaVentana(vista);
 }
 
@@ -898,6 +905,8 @@ QWidget* Frm931Vista::paginaInformacion()
     grilla_->verticalHeader()->hide();
     grilla_->horizontalHeader()->setStretchLastSection(true);
     h2->addWidget(grilla_, 1);
+    connect(grilla_, &QTableWidget::currentCellChanged, this,
+            [this](int fila, int, int, int) { m_.filaPerdida = qMax(0, fila); });
     auto* vb = new QVBoxLayout;
     const QStringList capt = {QStringLiteral("&Nuevo"), QStringLiteral("&Modificar"), QStringLiteral("&Eliminar")};
     for (int i = 0; i < 3; ++i) {

@@ -27,6 +27,7 @@ public:
     void abrirAnexo477(Frm931& frm, int nCasilla) override;
     void abrirUbigeo(const QString& caption) override;
     void abrirConsist() override;
+    void abrirPerdida() override;
     void pBarraEstado(const QString& ruc, const QString& nombre, const QString& periodo,
                       const QString& formulario) override;
     void cerrarFormulario() override;
