@@ -4,6 +4,7 @@
 // filled box and answer, all in one transaction: a failure on the way leaves the stored
 // declaration as it was and shows the engine's text, the form keeps its work unsaved.
 #include "form931/frm931.h"
+#include "form931/textos.h"
 
 #include "basic/errores.h"
 #include "basic/formato.h"
@@ -28,29 +29,10 @@ const QString kFechaVacia = QStringLiteral("__/__/____");
 const QString kCadenaTrabajo = QStringLiteral(" WHERE DOC_ID_D=? AND TIP_DOC_D=6 AND PERIODO=? AND FORMULARIO=?");
 
 namespace Texto {
+using namespace TextosFormulario;
 const QString PeriodoNoValido = QStringLiteral("El período no es válido");
-const QString Regimen = QStringLiteral("Debe señalar el regimen de renta");
-const QString Inicio = QStringLiteral("Señale el inicio de actividades en el ejercicio");
-const QString Anterior = QStringLiteral("Indique si obtuvo utilidad o pérdida en el Ejercicio anterior");
-const QString Precedente =
-    QStringLiteral("Indique si obtuvo utilidad o pérdida en el Ejercicio precedente al anterior");
-const QString MesBalance =
-    QStringLiteral("Seleccione el mes al que debe corresponder la presentación del balance");
-const QString ResolucionObligatoria = QStringLiteral(
-    "El ingreso de los datos de la Resolución y Fecha de Notificación son campos obligatorios");
-const QString ResolucionIncompleta = QStringLiteral("Número de Resolución incompleto");
-const QString ResolucionCeros = QStringLiteral("Debe ingresar un Número de Resolución");
-const QString NotificacionNoValida = QStringLiteral("La fecha de notificación no es válida");
-const QString NotificacionFueraDeRango = QStringLiteral(
-    "La fecha de notificación no puede ser anterior al 22/03/2013 ni mayor a la fecha del sistema");
 const QString SistemaPago = QStringLiteral("Debe seleccionar el sistema de pago.");
 const QString Contribuyente = QStringLiteral("Debe seleccionar un Contribuyente.");
-const QString AnioAgrario = QStringLiteral(
-    "El año de la fecha del formulario 4888 debe corresponder al año de la presentación");
-const QString FechaAgrarioFutura = QStringLiteral(
-    "La fecha de presentación del formulario 4888 no puede ser mayor a la fecha del sistema");
-const QString RucNoValido = QStringLiteral("El RUC no es Válido.");
-const QString RucIgual = QStringLiteral("El RUC no puede ser igual al RUC del Contribuyente.");
 const QString SinInconsistencias = QStringLiteral("La información de la declaración no presenta inconsistencias.");
 const QString GuardarCambios = QStringLiteral("¿El formulario ha sido modificado, desea guardar los cambios?");
 const QString OrdenCambiado = QStringLiteral(" El número de orden ha cambiado. ¿Desea guardar los cambios?");

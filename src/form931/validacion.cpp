@@ -4,6 +4,7 @@
 // and in places not their wording: each pass is written out on its own, on purpose.
 // (The first pass, on leaving the identification page, lives in validacion_pestana.cpp.)
 #include "form931/frm931.h"
+#include "form931/textos.h"
 
 #include "basic/errores.h"
 #include "basic/formato.h"
@@ -26,6 +27,7 @@ const QString kFechaVacia = QStringLiteral("__/__/____");
 
 // Texts told by more than one rule or by both passes.
 namespace Texto {
+using namespace TextosFormulario;
 const QString NoProcedeSuspension = QStringLiteral("No procede la suspensión de pagos a cuenta");
 const QString BalanceAbril = QStringLiteral("No puede presentar balance al 30 de Abril ");
 const QString LimiteRmt = QStringLiteral(
@@ -34,12 +36,7 @@ const QString Telefono = QStringLiteral("Ingrese su número de teléfono o un n�
 const QString TelefonoCero =
     QStringLiteral("Identificación-Datos Generales : El teléfono no puede ser cero");
 const QString PeriodoNoValido = QStringLiteral("El período no es valido");
-const QString Regimen = QStringLiteral("Debe señalar el regimen de renta");
 const QString TipoPersona = QStringLiteral("Seleccione el tipo de persona");
-const QString AnioAgrario = QStringLiteral(
-    "El año de la fecha del formulario 4888 debe corresponder al año de la presentación");
-const QString FechaAgrarioFutura = QStringLiteral(
-    "La fecha de presentación del formulario 4888 no puede ser mayor a la fecha del sistema");
 const QString Ubigeo = QStringLiteral("Registre el Ubigeo");
 const QString UbicadoAmazonia = QStringLiteral("Señale si esta ubicado en la amazonía");
 const QString UbicadoAmazoniaSinTilde = QStringLiteral("Señale si esta ubicado en la amazonia");
@@ -54,19 +51,6 @@ const QString DomicilioFrontera = QStringLiteral(
     "lugar donde tiene su administración y contabilidad.");
 const QString ConvenioEstabilidad = QStringLiteral("Especifique si tiene convenio de estabilidad.");
 const QString Orden2305 = QStringLiteral("Registre correctamente el número de orden del formulario 2305");
-const QString Inicio = QStringLiteral("Señale el inicio de actividades en el ejercicio");
-const QString Anterior = QStringLiteral("Indique si obtuvo utilidad o pérdida en el Ejercicio anterior");
-const QString Precedente =
-    QStringLiteral("Indique si obtuvo utilidad o pérdida en el Ejercicio precedente al anterior");
-const QString MesBalance =
-    QStringLiteral("Seleccione el mes al que debe corresponder la presentación del balance");
-const QString ResolucionObligatoria = QStringLiteral(
-    "El ingreso de los datos de la Resolución y Fecha de Notificación son campos obligatorios");
-const QString ResolucionIncompleta = QStringLiteral("Número de Resolución incompleto");
-const QString ResolucionCeros = QStringLiteral("Debe ingresar un Número de Resolución");
-const QString NotificacionFueraDeRango = QStringLiteral(
-    "La fecha de notificación no puede ser anterior al 22/03/2013 ni mayor a la fecha del sistema");
-const QString NotificacionNoValida = QStringLiteral("La fecha de notificación no es válida");
 const QString Activo = QStringLiteral("Ingrese información en el Activo");
 const QString Pasivo = QStringLiteral("Ingrese información en el Pasivo");
 const QString Patrimonio = QStringLiteral("Ingrese información en el Patrimonio");
@@ -92,8 +76,6 @@ const QString NombresRepresentante =
     QStringLiteral("Información Complementaria : Ingrese los nombres del Representante Legal");
 const QString Perdidas = QStringLiteral(
     "Debe ingresar información de pérdida tributaria compensable de ejercicios anteriores");
-const QString RucNoValido = QStringLiteral("El RUC no es Válido.");
-const QString RucIgual = QStringLiteral("El RUC no puede ser igual al RUC del Contribuyente.");
 }  // namespace Texto
 
 // Statement of the loss grid; the key of the declaration follows it.
