@@ -2,6 +2,7 @@
 // declaration typed through it shows the same boxes that `f931 calcular` computes.
 #include "basic/reloj.h"
 #include "comun/base_prueba.h"
+#include "comun/usuario_vista.h"
 #include "dialogs/vista/frmanexo477.h"
 #include "form931/casillas.h"
 #include "form931/frm931.h"
@@ -39,63 +40,13 @@ class PruebaFrm931 : public QObject {
 
     RespondedorGuion& respondedor() { return familia->respondedor(); }
     QLineEdit* caja(int n) { return vista->caja(n); }
-    QTabWidget* pestanas(const QString& nombre) { return vista->findChild<QTabWidget*>(nombre); }
+    QTabWidget* pestanas(const QString& nombre) { return usuario::pestanas(vista.get(), nombre); }
 
-    // Shows the control's pages, as the user clicks their tabs.
-    void irA(const QString& control)
-    {
-        const Frm931::UbicacionControl u = Frm931::ubicacion(control);
-        if (u.paginaSSTab1 >= 0)
-            pestanas(QStringLiteral("SSTab1"))->setCurrentIndex(u.paginaSSTab1);
-        if (!u.subTab.isEmpty())
-            pestanas(u.subTab)->setCurrentIndex(u.paginaSub);
-        const int n = Frm931::casillaDeNombre(control);
-        auto* barra = vista->findChild<QScrollBar*>(QStringLiteral("VScroll1"));
-        if (n >= 500 && n <= 515 && barra->value() != 1)
-            barra->setValue(1);
-        if (n >= 516 && n <= 531 && barra->value() == 1)
-            barra->setValue(15);
-    }
-
-    void clic(const QString& control)
-    {
-        irA(control);
-        QWidget* w = vista->control(control);
-        QVERIFY2(w && w->isVisible() && w->isEnabled(), qPrintable(control));
-        QTest::mouseClick(w, Qt::LeftButton, {}, QPoint(8, w->height() / 2));
-    }
-
-    // Clicks into a box (a lost-focus rule may send the focus elsewhere: the user clicks again)
-    // and types over what it holds.
-    void teclear(const QString& control, const QString& texto)
-    {
-        irA(control);
-        auto* le = qobject_cast<QLineEdit*>(vista->control(control));
-        QVERIFY2(le && le->isVisible() && le->isEnabled(), qPrintable(control));
-        for (int i = 0; i < 2 && QApplication::focusWidget() != le; ++i)
-            QTest::mouseClick(le, Qt::LeftButton);
-        QCOMPARE(QApplication::focusWidget(), le);
-        le->selectAll();
-        QTest::keyClicks(le, texto);
-    }
-
-    void elegirLinea(const QString& control, int indice)
-    {
-        irA(control);
-        auto* c = qobject_cast<QComboBox*>(vista->control(control));
-        QVERIFY(c && c->isEnabled());
-        c->setFocus(Qt::MouseFocusReason);
-        c->setCurrentIndex(indice);
-        emit c->activated(indice);
-    }
-
-    int lineaQueEmpieza(const Lista& l, const QString& inicio)
-    {
-        for (int i = 0; i < l.items.size(); ++i)
-            if (l.items[i].startsWith(inicio))
-                return i;
-        return -1;
-    }
+    void irA(const QString& control) { usuario::irA(vista.get(), control); }
+    void clic(const QString& control) { usuario::clic(vista.get(), control); }
+    void teclear(const QString& control, const QString& texto) { usuario::teclear(vista.get(), control, texto); }
+    void elegirLinea(const QString& control, int indice) { usuario::elegirLinea(vista.get(), control, indice); }
+    static int lineaQueEmpieza(const Lista& l, const QString& inicio) { return usuario::lineaQueEmpieza(l, inicio); }
 
     // The annex answers itself as soon as it opens: parts typed, then "&Aceptar" or "&Cancelar".
     void alAbrirAnexo(const QString& parte0, const QString& parte1, bool aceptar = true)

@@ -2,6 +2,7 @@
 // windows: typed, saved, closed, and opened again from the picker as it was.
 #include "basic/reloj.h"
 #include "comun/base_prueba.h"
+#include "comun/usuario_vista.h"
 #include "form931/frm931.h"
 #include "form931/vista/frm931vista.h"
 #include "register/vista/frmcontabrir.h"
@@ -75,60 +76,13 @@ class PruebaFrmContAbrir : public QObject {
     Frm931Vista* vista = nullptr;
     Frm931* frm = nullptr;
 
-    QTabWidget* pestanas(const QString& nombre) { return vista->findChild<QTabWidget*>(nombre); }
+    QTabWidget* pestanas(const QString& nombre) { return usuario::pestanas(vista, nombre); }
 
-    void irA(const QString& control)
-    {
-        const Frm931::UbicacionControl u = Frm931::ubicacion(control);
-        if (u.paginaSSTab1 >= 0)
-            pestanas(QStringLiteral("SSTab1"))->setCurrentIndex(u.paginaSSTab1);
-        if (!u.subTab.isEmpty())
-            pestanas(u.subTab)->setCurrentIndex(u.paginaSub);
-        const int n = Frm931::casillaDeNombre(control);
-        auto* barra = vista->findChild<QScrollBar*>(QStringLiteral("VScroll1"));
-        if (n >= 500 && n <= 515 && barra->value() != 1)
-            barra->setValue(1);
-        if (n >= 516 && n <= 531 && barra->value() == 1)
-            barra->setValue(15);
-    }
-
-    void clic(const QString& control)
-    {
-        irA(control);
-        QWidget* w = vista->control(control);
-        QVERIFY2(w && w->isVisible() && w->isEnabled(), qPrintable(control));
-        QTest::mouseClick(w, Qt::LeftButton, {}, QPoint(8, w->height() / 2));
-    }
-
-    void teclear(const QString& control, const QString& texto)
-    {
-        irA(control);
-        auto* le = qobject_cast<QLineEdit*>(vista->control(control));
-        QVERIFY2(le && le->isVisible() && le->isEnabled(), qPrintable(control));
-        for (int i = 0; i < 2 && QApplication::focusWidget() != le; ++i)
-            QTest::mouseClick(le, Qt::LeftButton);
-        QCOMPARE(QApplication::focusWidget(), le);
-        le->selectAll();
-        QTest::keyClicks(le, texto);
-    }
-
-    void elegirLinea(const QString& control, int indice)
-    {
-        irA(control);
-        auto* c = qobject_cast<QComboBox*>(vista->control(control));
-        QVERIFY(c && c->isEnabled());
-        c->setFocus(Qt::MouseFocusReason);
-        c->setCurrentIndex(indice);
-        emit c->activated(indice);
-    }
-
-    static int lineaQueEmpieza(const Lista& l, const QString& inicio)
-    {
-        for (int i = 0; i < l.items.size(); ++i)
-            if (l.items[i].startsWith(inicio))
-                return i;
-        return -1;
-    }
+    void irA(const QString& control) { usuario::irA(vista, control); }
+    void clic(const QString& control) { usuario::clic(vista, control); }
+    void teclear(const QString& control, const QString& texto) { usuario::teclear(vista, control, texto); }
+    void elegirLinea(const QString& control, int indice) { usuario::elegirLinea(vista, control, indice); }
+    static int lineaQueEmpieza(const Lista& l, const QString& inicio) { return usuario::lineaQueEmpieza(l, inicio); }
 
 private slots:
     void init()
