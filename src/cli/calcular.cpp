@@ -4,13 +4,8 @@
 #include "cli/comandos.h"
 #include "cli/comun.h"
 #include "form931/guion.h"
-#include "store/base.h"
 
-#include <QFileInfo>
-#include <QJsonDocument>
-#include <QTextStream>
-
-#include <cstdio>
+#include <QJsonObject>
 
 namespace {
 
@@ -19,31 +14,9 @@ const QString kUso = QStringLiteral(
 
 int comandoCalcular(const QStringList& argumentos)
 {
-    return ejecutarComando([&] {
-        const OpcionesCli o = leerOpciones(argumentos, 1, kUso);
-        const QByteArray json = leerArchivo(QFileInfo(o.posicionales.first()).absoluteFilePath());
-        const EntradaDeclaracion entrada = leerEntrada(json);
-        prepararEntorno(o);
-
-        RespondedorGuion respondedor;
-        instalarRespondedor(&respondedor);
-        EntornoSinPantalla entorno;
-        int codigo = 0;
-        {
-            Frm931 frm(&entorno);
-            try {
-                reproducirEntrada(frm, entorno, entrada);
-            } catch (...) {
-                instalarRespondedor(nullptr);
-                throw;
-            }
-            const QByteArray salida = QJsonDocument(salidaCalcular(frm, respondedor)).toJson(QJsonDocument::Indented);
-            std::fwrite(salida.constData(), 1, static_cast<size_t>(salida.size()), stdout);
-            std::fflush(stdout);
-        }
-        instalarRespondedor(nullptr);
-        cerrarBase();
-        return codigo;
+    return ejecutarDeclaracion(argumentos, kUso, [](Frm931& frm, RespondedorGuion& respondedor, QJsonObject& salida) {
+        salida = salidaCalcular(frm, respondedor);
+        return 0;
     });
 }
 

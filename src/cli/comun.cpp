@@ -4,6 +4,7 @@
 #include "basic/errores.h"
 #include "basic/msgbox.h"
 #include "basic/reloj.h"
+#include "basic/respondedor_guion.h"
 #include "basic/texto.h"
 #include "form931/guion.h"
 #include "shell/arranque.h"
@@ -14,7 +15,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTextStream>
+
+#include <cstdio>
 
 OpcionesCli leerOpciones(const QStringList& argumentos, int posicionales, const QString& uso)
 {
@@ -116,4 +121,35 @@ int ejecutarComando(const std::function<int()>& cuerpo)
             << Qt::endl;
         return 1;
     }
+}
+
+int ejecutarDeclaracion(const QStringList& argumentos, const QString& uso,
+                        const std::function<int(Frm931&, RespondedorGuion&, QJsonObject&)>& cuerpo)
+{
+    return ejecutarComando([&] {
+        const OpcionesCli o = leerOpciones(argumentos, 1, uso);
+        const QByteArray json = leerArchivo(QFileInfo(o.posicionales.first()).absoluteFilePath());
+        const EntradaDeclaracion entrada = leerEntrada(json);
+        prepararEntorno(o);
+
+        RespondedorGuion respondedor;
+        instalarRespondedor(&respondedor);
+        EntornoSinPantalla entorno;
+        int codigo = 0;
+        try {
+            Frm931 frm(&entorno);
+            reproducirEntrada(frm, entorno, entrada);
+            QJsonObject salida;
+            codigo = cuerpo(frm, respondedor, salida);
+            const QByteArray texto = QJsonDocument(salida).toJson(QJsonDocument::Indented);
+            std::fwrite(texto.constData(), 1, static_cast<size_t>(texto.size()), stdout);
+            std::fflush(stdout);
+        } catch (...) {
+            instalarRespondedor(nullptr);
+            throw;
+        }
+        instalarRespondedor(nullptr);
+        cerrarBase();
+        return codigo;
+    });
 }

@@ -10,6 +10,10 @@
 
 #include <functional>
 
+class Frm931;
+class QJsonObject;
+class RespondedorGuion;
+
 struct OpcionesCli {
     QString base;              // absolute path; empty: the settings file's
     QString usuario;           // empty: the settings file's
@@ -32,3 +36,10 @@ QByteArray leerArchivo(const QString& archivo);
 // Runs a command's body: ErrorEntrada prints its line on standard error and gives 2, a
 // run-time error of the rules gives 1 with its text.
 int ejecutarComando(const std::function<int()>& cuerpo);
+
+// The frame of the commands that type a declaration (ENTRADA.json as their one positional
+// argument): reads the options and the input, prepares the environment, records the message
+// boxes, opens a new form and replays the input on it. `cuerpo` then fills the JSON object that
+// is printed and returns the exit code.
+int ejecutarDeclaracion(const QStringList& argumentos, const QString& uso,
+                        const std::function<int(Frm931& frm, RespondedorGuion& respondedor, QJsonObject& salida)>& cuerpo);

@@ -42,62 +42,38 @@ const QString kClave = QStringLiteral(" WHERE DOC_ID_D=? AND TIP_DOC_D=6 AND PER
 
 int comandoImportar(const QStringList& argumentos)
 {
-    return ejecutarComando([&] {
-        const OpcionesCli o = leerOpciones(argumentos, 1, kUso);
-        const QByteArray json = leerArchivo(QFileInfo(o.posicionales.first()).absoluteFilePath());
-        const EntradaDeclaracion entrada = leerEntrada(json);
-        prepararEntorno(o);
+    return ejecutarDeclaracion(argumentos, kUso, [](Frm931& frm, RespondedorGuion& respondedor, QJsonObject& salida) {
+        frm.mbModificado = true;
+        frm.CmdGrabar_Click();
+        const bool grabada = !frm.mbModificado;
 
-        RespondedorGuion respondedor;
         // The extra passes run for the report, not for the user: their boxes are not shown.
         RespondedorGuion callado;
-        instalarRespondedor(&respondedor);
-        EntornoSinPantalla entorno;
-        int codigo = 0;
-        try {
-            Frm931 frm(&entorno);
-            reproducirEntrada(frm, entorno, entrada);
-
-            frm.mbModificado = true;
-            frm.CmdGrabar_Click();
-            const bool grabada = !frm.mbModificado;
-            codigo = grabada ? 0 : 1;
-
-            const QString ruc = Trim(Left(frm.CmbRuc.Text(), 11));
-            const QString periodo = periodoGrabado(frm);
-            instalarRespondedor(&callado);
-            const QJsonArray lineas = inconsistenciasDe(frm);
-            int estado = 9;
-            QJsonArray det;
-            if (grabada) {
-                const QVariant e = escalar(QStringLiteral("SELECT ESTADO FROM CAB") + kClave, {ruc, periodo, G().gsFormulario});
-                estado = e.toInt();
-                QSqlQuery filas = ejecutar(QStringLiteral("SELECT CASILLA, I_VALOR FROM DET") + kClave + QStringLiteral(" ORDER BY rowid"),
-                                           {ruc, periodo, G().gsFormulario});
-                while (filas.next())
-                    det.append(QJsonArray{filas.value(0).toString(), filas.value(1).toString()});
-            } else {
-                estado = estadoDe(frm);
-            }
-            instalarRespondedor(&respondedor);
-
-            QJsonObject salida = salidaCalcular(frm, respondedor);
-            salida.insert(QStringLiteral("inconsistencias"), lineas);
-            salida.insert(QStringLiteral("estado"), estado);
-            salida.insert(QStringLiteral("det"), det);
-            const QByteArray texto = QJsonDocument(salida).toJson(QJsonDocument::Indented);
-            std::fwrite(texto.constData(), 1, static_cast<size_t>(texto.size()), stdout);
-            std::fflush(stdout);
-            if (!grabada && !respondedor.mostrados.isEmpty())
-                QTextStream(stderr) << QString(respondedor.mostrados.last().texto).replace(QLatin1Char('\n'), QLatin1Char(' '))
-                                    << Qt::endl;
-        } catch (...) {
-            instalarRespondedor(nullptr);
-            throw;
+        const QString ruc = Trim(Left(frm.CmbRuc.Text(), 11));
+        const QString periodo = periodoGrabado(frm);
+        instalarRespondedor(&callado);
+        const QJsonArray lineas = inconsistenciasDe(frm);
+        int estado = 9;
+        QJsonArray det;
+        if (grabada) {
+            estado = escalar(QStringLiteral("SELECT ESTADO FROM CAB") + kClave, {ruc, periodo, G().gsFormulario}).toInt();
+            QSqlQuery filas = ejecutar(QStringLiteral("SELECT CASILLA, I_VALOR FROM DET") + kClave + QStringLiteral(" ORDER BY rowid"),
+                                       {ruc, periodo, G().gsFormulario});
+            while (filas.next())
+                det.append(QJsonArray{filas.value(0).toString(), filas.value(1).toString()});
+        } else {
+            estado = estadoDe(frm);
         }
-        instalarRespondedor(nullptr);
-        cerrarBase();
-        return codigo;
+        instalarRespondedor(&respondedor);
+
+        salida = salidaCalcular(frm, respondedor);
+        salida.insert(QStringLiteral("inconsistencias"), lineas);
+        salida.insert(QStringLiteral("estado"), estado);
+        salida.insert(QStringLiteral("det"), det);
+        if (!grabada && !respondedor.mostrados.isEmpty())
+            QTextStream(stderr) << QString(respondedor.mostrados.last().texto).replace(QLatin1Char('\n'), QLatin1Char(' '))
+                                << Qt::endl;
+        return grabada ? 0 : 1;
     });
 }
 

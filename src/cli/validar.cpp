@@ -61,32 +61,12 @@ const QString kUso = QStringLiteral(
 
 int comandoValidar(const QStringList& argumentos)
 {
-    return ejecutarComando([&] {
-        const OpcionesCli o = leerOpciones(argumentos, 1, kUso);
-        const QByteArray json = leerArchivo(QFileInfo(o.posicionales.first()).absoluteFilePath());
-        const EntradaDeclaracion entrada = leerEntrada(json);
-        prepararEntorno(o);
-
-        RespondedorGuion respondedor;
-        instalarRespondedor(&respondedor);
-        EntornoSinPantalla entorno;
-        try {
-            Frm931 frm(&entorno);
-            reproducirEntrada(frm, entorno, entrada);
-            const QJsonArray lineas = inconsistenciasDe(frm);
-            const int estado = estadoDe(frm);
-            QJsonObject salida = salidaCalcular(frm, respondedor);
-            salida.insert(QStringLiteral("inconsistencias"), lineas);
-            salida.insert(QStringLiteral("estado"), estado);
-            const QByteArray texto = QJsonDocument(salida).toJson(QJsonDocument::Indented);
-            std::fwrite(texto.constData(), 1, static_cast<size_t>(texto.size()), stdout);
-            std::fflush(stdout);
-        } catch (...) {
-            instalarRespondedor(nullptr);
-            throw;
-        }
-        instalarRespondedor(nullptr);
-        cerrarBase();
+    return ejecutarDeclaracion(argumentos, kUso, [](Frm931& frm, RespondedorGuion& respondedor, QJsonObject& salida) {
+        const QJsonArray lineas = inconsistenciasDe(frm);
+        const int estado = estadoDe(frm);
+        salida = salidaCalcular(frm, respondedor);
+        salida.insert(QStringLiteral("inconsistencias"), lineas);
+        salida.insert(QStringLiteral("estado"), estado);
         return 0;
     });
 }
