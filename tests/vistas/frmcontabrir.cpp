@@ -6,6 +6,7 @@
 #include "form931/frm931.h"
 #include "form931/vista/frm931vista.h"
 #include "register/vista/frmcontabrir.h"
+#include "register/vista/frmcontabrirenv.h"
 #include "shell/comandos.h"
 #include "shell/globales.h"
 #include "shell/vista/ventanas.h"
@@ -95,6 +96,33 @@ private slots:
     {
         instalarAbridores({});
         familia.reset();
+    }
+
+    // The sent picker on the screen: the correlative column hidden, and of two sent copies of
+    // one period, the deletion takes only the picked one.
+    void losEnviadosSeBorranPorCorrelativo()
+    {
+        for (const char* correl : {"01", "02"}) {
+            ejecutar(QStringLiteral("INSERT INTO HCAB (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, CORREL, NORDEN, CONTROL)"
+                                    " VALUES (6, ?, '202608', '0931', ?, '12345678', '999')"),
+                     {DatosDemo::kRucAndina, QString::fromLatin1(correl)});
+        }
+        G().giOpcion = 3;
+        G().gsPeriodo = QStringLiteral("202608");
+        FrmContAbrirEnvVista v;
+        v.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&v));
+        QCOMPARE(v.windowTitle(), QStringLiteral("Eliminar Declaraciones Enviadas"));
+        QCOMPARE(v.CmdOpciones[0]->text(), QStringLiteral("&Eliminar"));
+        QVERIFY(v.grdContrib->isColumnHidden(7));
+        QCOMPARE(v.grdContrib->rowCount(), 2);
+        v.grdContrib->setCurrentCell(1, 0);
+        const QString elegido = v.grdContrib->item(1, 7)->text();
+        respondedor().respuestas << vbYes;
+        QTest::mouseClick(v.CmdOpciones[0], Qt::LeftButton);
+        QCOMPARE(respondedor().textos().last(), QStringLiteral("¿Confirma que va a eliminar la declaración seleccionada?"));
+        QCOMPARE(v.grdContrib->rowCount(), 1);
+        QVERIFY(v.grdContrib->item(0, 7)->text() != elegido);
     }
 
     // The grid mirrors the list; the cursor moves the status bar; a double click acts; a

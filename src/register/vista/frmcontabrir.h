@@ -1,41 +1,12 @@
 #pragma once
-// The picker of working declarations on the screen: a thin view of FrmContAbrir. It mirrors
-// the captions and the list, and forwards the buttons, the double click, the row changes and
-// every activation (which reloads the list).
+// The picker of working declarations on the screen: a thin view of FrmContAbrir.
 #include "register/contabrir.h"
+#include "register/vista/selectorvista.h"
 
-#include <QDialog>
-#include <QVector>
+QStringList textosFila(const FilaContAbrir& f);
 
-#include <functional>
-
-class QGroupBox;
-class QLabel;
-class QPushButton;
-class QTableWidget;
-
-class FrmContAbrirVista : public QDialog {
+class FrmContAbrirVista : public SelectorDe<FrmContAbrir> {
     Q_OBJECT
 public:
     explicit FrmContAbrirVista(qint16 nOpcion, QWidget* padre = nullptr);
-
-    FrmContAbrir& modelo() { return m_; }
-    QTableWidget* grdContrib = nullptr;
-    QGroupBox* Frame1 = nullptr;
-    QLabel* Label1 = nullptr;
-    QPushButton* CmdOpciones[2] = {nullptr, nullptr};
-
-    // Mirrors the model: captions, rows, the current row.
-    void refrescar();
-
-protected:
-    bool event(QEvent* e) override;
-    void showEvent(QShowEvent* e) override;
-    void hideEvent(QHideEvent* e) override;
-
-private:
-    void ejecutar(const std::function<void()>& evento);
-    FrmContAbrir m_;
-    QVector<FilaContAbrir> mostradas_;
-    int refrescando_ = 0;
 };
