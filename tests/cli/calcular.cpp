@@ -3,6 +3,7 @@
 #include "comun/base_prueba.h"
 #include "shell/globales.h"
 
+#include "rutas_prueba.h"
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>

@@ -5,6 +5,7 @@
 #include "store/crear.h"
 #include "store/funciones.h"
 
+#include "rutas_prueba.h"
 #include <QElapsedTimer>
 #include <QFile>
 #include <QJsonArray>

@@ -10,6 +10,7 @@
 #include "store/base.h"
 #include "store/funciones.h"
 
+#include "rutas_prueba.h"
 #include <QDir>
 #include <QFile>
 #include <gtest/gtest.h>

@@ -9,6 +9,7 @@
 #include "form931/vista/frm931vista.h"
 #include "shell/globales.h"
 
+#include "rutas_prueba.h"
 #include <QApplication>
 #include <QComboBox>
 #include <QFile>
