@@ -46,6 +46,9 @@ void FrmConsFac::Form_Load()
         f.descrip = Format(f.descrip, QStringLiteral("##.000"));
     }
     grdBancosEnabled = !filas.isEmpty();
+    // The factors are published every year; until someone loads them the list is empty.
+    lblVacio = filas.isEmpty() ? QStringLiteral("No hay factores de actualización cargados en la base de datos.")
+                               : QString();
 }
 
 void FrmConsultas::Form_Load()

@@ -19,7 +19,10 @@ public:
     QString Caption = QStringLiteral("Factores de Actualización");
     QStringList columnas = {QStringLiteral("Mes"), QStringLiteral("Factor")};
     QVector<FilaConsulta> filas;
-    bool grdBancosEnabled = true;   // an empty catalogue disables the grid, with no message
+    bool grdBancosEnabled = true;   // an empty catalogue disables the grid
+    // What the window says in place of the grid when the catalogue holds no factor; empty
+    // while there are rows.
+    QString lblVacio;
 
     // Throws ErrorVB when the catalogue can't be read.
     void Form_Load();

@@ -16,11 +16,13 @@
 #include "shell/familia.h"
 #include "shell/ini.h"
 #include "shell/vista/ayuda.h"
+#include "shell/vista/traduccion_qt.h"
 
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("integrador_qvl"));
+    cargarTraduccionQt(app);
 
     QCommandLineParser opciones;
     opciones.setApplicationDescription(QStringLiteral("Integrador del Programa Qualvia (para desarrollo)."));

@@ -94,6 +94,15 @@ void ModeloPrevia::pDesencripta(const QString& nombre, const QString& modo)
     }
 }
 
+void ModeloPrevia::mostrarSolo(qint16 hoja)
+{
+    if (hoja >= 0 && hoja < picPrevia.size())
+        picPrevia[hoja].visible = true;
+    for (int i = 0; i < nTotHojas && i < picPrevia.size(); ++i)
+        if (i != hoja)
+            picPrevia[i].visible = false;
+}
+
 void ModeloPrevia::pMostrar(qint16 n)
 {
     if (n == -2 || n == -1) {
@@ -101,20 +110,18 @@ void ModeloPrevia::pMostrar(qint16 n)
             --nHojaActual;
         else if (n == -1 && nHojaActual != nTotHojas - 1)
             ++nHojaActual;
-        if (nHojaActual >= 0 && nHojaActual < picPrevia.size()) {
-            picPrevia[nHojaActual].top = 0;
-            picPrevia[nHojaActual].visible = true;
-        }
-        for (int i = 0; i < nTotHojas && i < picPrevia.size(); ++i)
-            if (i != nHojaActual)
-                picPrevia[i].visible = false;
+        mostrarSolo(nHojaActual);
     } else if (n == 0) {
-        picPrevia[0].top = 0;
+        // The first page comes forward; the others keep their state.
         picPrevia[0].visible = true;
         nHojaActual = 0;
     }
-    setVsbPic(0, 0);
-    setVsbPic(1, 0);
+}
+
+void ModeloPrevia::pIrA(qint16 hoja)
+{
+    nHojaActual = qBound<qint16>(0, hoja, qint16(qMax(0, nTotHojas - 1)));
+    mostrarSolo(nHojaActual);
 }
 
 void ModeloPrevia::tlbPrevia_ButtonClick(int indice)
@@ -138,35 +145,6 @@ void ModeloPrevia::tlbPrevia_ButtonClick(int indice)
     }
 }
 
-// A change of either vertical bar moves the page on view and brings the other bar along.
-void ModeloPrevia::setVsbPic(int i, int valor)
-{
-    valor = qBound(0, valor, kMaxVertical);
-    if (vsbPic[i] == valor)
-        return;
-    vsbPic[i] = valor;
-    vsbPic_Change(i);
-}
-
-void ModeloPrevia::vsbPic_Change(int i)
-{
-    if (nHojaActual >= 0 && nHojaActual < picPrevia.size())
-        picPrevia[nHojaActual].top = -vsbPic[0];
-    const int valor = vsbPic[i];
-    setVsbPic(1, valor);
-    setVsbPic(0, valor);
-}
-
-void ModeloPrevia::setHScroll1(int valor)
-{
-    valor = qBound(0, valor, kMaxHorizontal);
-    if (HScroll1 == valor)
-        return;
-    HScroll1 = valor;
-    if (nHojaActual >= 0 && nHojaActual < picPrevia.size())
-        picPrevia[nHojaActual].left = -HScroll1;
-}
-
 int ModeloPrevia::elementoVisible() const
 {
     if (nHojaActual >= 0 && nHojaActual < picPrevia.size() && picPrevia[nHojaActual].visible)
@@ -182,8 +160,15 @@ DocumentoSpool ModeloPrevia::documento() const
     DocumentoSpool doc;
     doc.orientacion = orientacion_;
     doc.paginas.clear();
-    for (const Elemento& e : picPrevia)
-        doc.paginas.append(e.pagina);
+    for (int i = 0; i < nTotHojas; ++i) {
+        PaginaDibujo hoja = i < picPrevia.size() ? picPrevia[i].pagina : PaginaDibujo{};
+        if (!hoja.cargada) {
+            hoja = PaginaDibujo{};
+            hoja.colorFondo = picPrevia.value(0).pagina.colorFondo;
+        }
+        doc.paginas.append(hoja);
+    }
+    doc.colorFondo = picPrevia.value(0).pagina.colorFondo;
     doc.nTotHojas = nTotHojas;
     return doc;
 }

@@ -1,7 +1,7 @@
 #pragma once
 // The preview of a spool file as a model: the array of page pictures (kept as drawing
-// commands), the page shown, the scroll bars and the print command. The window frmPreview
-// mirrors it.
+// commands), the page shown and the print command. The window frmPreview mirrors it; how far a
+// page is scrolled or zoomed is the window's own business.
 #include "reports/spool.h"
 
 #include <QList>
@@ -11,12 +11,6 @@
 
 class ModeloPrevia {
 public:
-    // Design sizes, in twips.
-    static constexpr int kAnchoMarco = 12015, kAltoMarco = 5325;   // picFondo
-    static constexpr int kLadoPagina = 15000;                      // each picPrevia
-    static constexpr int kMaxVertical = 11000, kMaxHorizontal = 3500;
-    static constexpr int kPasoVertical0 = 400, kPasoVertical1 = 350, kPasoHorizontal = 45;
-
     ModeloPrevia();
 
     QString Archivo;                         // spool file in the report folder; set before load
@@ -29,11 +23,8 @@ public:
     struct Elemento {
         PaginaDibujo pagina;
         bool visible = false;
-        int top = 0, left = 0;   // twips, within the frame
     };
     QList<Elemento> picPrevia;
-    int vsbPic[2] = {0, 0};
-    int HScroll1 = 0;
     bool descargar = false;      // the form unloads itself (a failed replay, "Salir")
 
     // Load: mode "PresPrevia", replay the file on the screen, show the first page.
@@ -42,19 +33,21 @@ public:
     void pDesencripta(const QString& nombre, const QString& modo);
     // 0 first page, -2 previous, -1 next.
     void pMostrar(qint16 n);
+    // Shows page `hoja` (from 0), held within the pages loaded: the last page (End) and the page
+    // the window scrolled to.
+    void pIrA(qint16 hoja);
     // Toolbar by button index: 2 previous, 3 next, 4 print, 5 exit.
     void tlbPrevia_ButtonClick(int indice);
-    void setVsbPic(int i, int valor);
-    void setHScroll1(int valor);
 
     // The element on view, or -1.
     int elementoVisible() const;
-    // The pages the preview holds, for saving as PDF.
+    // The pages the preview holds, one sheet for each page from 0 to nTotHojas - 1 (a page the
+    // records skipped is a blank sheet): what the window shows and what "Guardar PDF" writes.
     DocumentoSpool documento() const;
     bool guardarPdf(const QString& ruta) const;
 
 private:
-    void vsbPic_Change(int i);
+    void mostrarSolo(qint16 hoja);
     QString orientacion_;
 };
 

@@ -92,7 +92,7 @@ void dibujaPagina(QPainter& p, const PaginaDibujo& pagina, bool impresora)
     }
 }
 
-void imprimeDocumento(QPagedPaintDevice& dispositivo, const DocumentoSpool& doc)
+void imprimeDocumento(QPagedPaintDevice& dispositivo, const DocumentoSpool& doc, bool conFondo)
 {
     QList<const PaginaDibujo*> paginas;
     for (const PaginaDibujo& pagina : doc.paginas)
@@ -116,18 +116,33 @@ void imprimeDocumento(QPagedPaintDevice& dispositivo, const DocumentoSpool& doc)
             dispositivo.newPage();
         }
         preparaTwips(p);
+        if (conFondo) {
+            // The whole sheet, margins included: the painter's origin is the printable area's.
+            const QPageLayout hoja = dispositivo.pageLayout();
+            const QRectF papel = hoja.fullRectPoints();
+            const QRectF util = hoja.paintRectPoints();
+            p.fillRect(QRectF(-util.left() * kTwipsPorPunto, -util.top() * kTwipsPorPunto, papel.width() * kTwipsPorPunto,
+                              papel.height() * kTwipsPorPunto),
+                       colorRuntime(paginas[i]->colorFondo));
+        }
         dibujaPagina(p, *paginas[i], true);
     }
     p.end();
     dispositivo.setPageOrientation(QPageLayout::Portrait);
 }
 
+void preparaPapel(QPagedPaintDevice& dispositivo, QPageSize::PageSizeId papel)
+{
+    dispositivo.setPageOrientation(QPageLayout::Portrait);
+    dispositivo.setPageSize(QPageSize(papel));
+    dispositivo.setPageMargins(QMarginsF(kMargenPdfMm, kMargenPdfMm, kMargenPdfMm, kMargenPdfMm), QPageLayout::Millimeter);
+}
+
 bool guardaPdf(const QString& ruta, const DocumentoSpool& doc, QPageSize::PageSizeId papel)
 {
     QPdfWriter pdf(ruta);
     pdf.setResolution(kTwipsPorPulgada);
-    pdf.setPageSize(QPageSize(papel));
-    pdf.setPageMargins(QMarginsF(kMargenPdfMm, kMargenPdfMm, kMargenPdfMm, kMargenPdfMm), QPageLayout::Millimeter);
+    preparaPapel(pdf, papel);
     pdf.setCreator(QStringLiteral("f931"));
     pdf.setTitle(QStringLiteral("Formulario 931"));
     try {
@@ -136,6 +151,31 @@ bool guardaPdf(const QString& ruta, const DocumentoSpool& doc, QPageSize::PageSi
         return false;
     }
     return true;
+}
+
+QList<int> paginasDelInforme(const DocumentoSpool& doc)
+{
+    QList<int> numeros;
+    int anterior = 1;
+    for (const PaginaDibujo& hoja : doc.paginas) {
+        const int numero = hoja.comandos.isEmpty() ? anterior : hoja.comandos.first().hoja + 1;
+        numeros.append(numero);
+        anterior = numero;
+    }
+    return numeros;
+}
+
+DocumentoSpool seleccionaHojas(const DocumentoSpool& doc, int desde, int hasta, int copias)
+{
+    DocumentoSpool elegido = doc;
+    elegido.paginas.clear();
+    const QList<int> numeros = paginasDelInforme(doc);
+    for (int copia = 0; copia < qMax(1, copias); ++copia)
+        for (int i = 0; i < doc.paginas.size(); ++i)
+            if (numeros[i] >= desde && numeros[i] <= hasta)
+                elegido.paginas.append(doc.paginas[i]);
+    elegido.nTotHojas = qint16(elegido.paginas.size());
+    return elegido;
 }
 
 void instalarDestinoImpresion(DestinoImpresion destino) { destinoInstalado() = std::move(destino); }

@@ -37,12 +37,22 @@ void dibujaPagina(QPainter& p, const PaginaDibujo& pagina, bool impresora);
 QColor colorRuntime(quint32 valor);
 
 // All pages of a document on a paged device, each with its orientation (portrait unless the
-// page says landscape); leaves the device in portrait.
-void imprimeDocumento(QPagedPaintDevice& dispositivo, const DocumentoSpool& doc);
+// page says landscape); leaves the device in portrait. `conFondo` fills each sheet with its
+// page's background colour first, as the preview shows it; paper stays white.
+void imprimeDocumento(QPagedPaintDevice& dispositivo, const DocumentoSpool& doc, bool conFondo = false);
+
+// The paper of PDF files and of the preview: the size given, portrait, margins of kMargenPdfMm.
+void preparaPapel(QPagedPaintDevice& dispositivo, QPageSize::PageSizeId papel = QPageSize::A4);
 
 // Writes the pages to a PDF file (A4 portrait; landscape pages where the document says "H").
 // Returns false when the file cannot be written.
 bool guardaPdf(const QString& ruta, const DocumentoSpool& doc, QPageSize::PageSizeId papel = QPageSize::A4);
+
+// The page of the report each sheet of a printer replay holds, counted from 1: the page field of
+// its records; a sheet without records is the break that followed the page before it.
+QList<int> paginasDelInforme(const DocumentoSpool& doc);
+// The sheets whose report page lies within `desde`..`hasta`, the whole run `copias` times.
+DocumentoSpool seleccionaHojas(const DocumentoSpool& doc, int desde, int hasta, int copias = 1);
 
 // The printer of the print commands: the system's default printer. Throws ErrorVB 482 when
 // none is configured. Tests and tools install their own destination.

@@ -12,9 +12,12 @@
 #include <cstdio>
 
 #include "basic/msgbox.h"
+#include "reports/reproduccion.h"
+#include "reports/vista/impresion.h"
 #include "shell/arranque.h"
 #include "shell/vista/mdifrm.h"
 #include "shell/vista/respondedor_qt.h"
+#include "shell/vista/traduccion_qt.h"
 
 int main(int argc, char** argv)
 {
@@ -23,6 +26,9 @@ int main(int argc, char** argv)
     QApplication app(argc, argv);
     const QString programa = QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName();
     QCoreApplication::setApplicationName(programa);
+    cargarTraduccionQt(app);
+    // Printing goes through the system's print dialog (or to a PDF file when there is no printer).
+    instalarDestinoImpresion(imprimeEnEscritorio);
 
     const bool medir = qEnvironmentVariableIntValue("F931_MEDIR_ARRANQUE") == 1;
     RespondedorQt enPantalla;

@@ -1,4 +1,4 @@
-// The preview model (pages on view, bars, printing) and the replay on a painter.
+// The preview model (pages on view, printing) and the replay on a painter.
 #include "basic/errores.h"
 #include "basic/respondedor_guion.h"
 #include "reports/previa.h"
@@ -83,14 +83,16 @@ TEST_F(Previa, PaginarSinRango)
         const char* marca;
     } pasos[] = {{2, "H0"}, {3, "H1"}, {3, "H2"}, {3, "H3"}, {3, "H4"}, {3, "H4"}, {2, "H3"}, {2, "H2"}};
     for (const auto& p : pasos) {
-        m.setVsbPic(0, 1200);
         m.tlbPrevia_ButtonClick(p.boton);
         EXPECT_EQ(marcaVisible(m), QString::fromLatin1(p.marca));
         EXPECT_EQ(visibles(m), 1);
-        EXPECT_EQ(m.vsbPic[0], 0);
-        EXPECT_EQ(m.vsbPic[1], 0);
-        EXPECT_EQ(m.picPrevia[m.elementoVisible()].top, 0);
     }
+    // End and the page scrolled to: held within the pages loaded.
+    m.pIrA(9);
+    EXPECT_EQ(marcaVisible(m), QStringLiteral("H4"));
+    m.pIrA(-1);
+    EXPECT_EQ(marcaVisible(m), QStringLiteral("H0"));
+    EXPECT_EQ(visibles(m), 1);
     EXPECT_TRUE(mensajes.mostrados.isEmpty());
 }
 

@@ -1,11 +1,13 @@
-// The lookup windows on the offscreen platform: caption and columns of each, the factor grid
-// disabled when its catalogue is empty, the opener's modal window, the fixed table of rates.
+// The lookup windows on the offscreen platform: caption and columns of each, the factors on their
+// grid or, with an empty catalogue, the label that says so, the opener's modal window, the fixed
+// table of rates.
 #include "comun/base_prueba.h"
 
 #include "dialogs/consultas.h"
 #include "dialogs/vista/frmconsultas.h"
 #include "shell/globales.h"
 #include "shell/vista/ventanas.h"
+#include "store/base.h"
 
 #include <QAbstractItemModel>
 #include <QApplication>
@@ -30,7 +32,7 @@ class PruebaConsultas : public QObject {
     Q_OBJECT
 
 private slots:
-    void factoresVaciosInhabilitanLaGrilla()
+    void factoresVaciosLoDiceUnaEtiqueta()
     {
         FamiliaPrueba familia;
         FrmConsFac modelo;
@@ -39,8 +41,34 @@ private slots:
         v.show();
         QVERIFY(QTest::qWaitForWindowExposed(&v));
         QCOMPARE(captionYColumnas(&v), QStringLiteral("Factores de Actualización:Mes/Factor"));
-        QVERIFY(!v.grdBancos->isEnabled());
+        QVERIFY(!v.grdBancos->isVisible());
+        QVERIFY(v.lblVacio->isVisible());
+        QCOMPARE(v.lblVacio->text(), QStringLiteral("No hay factores de actualización cargados en la base de datos."));
         QVERIFY(familia.respondedor().mostrados.isEmpty());
+    }
+
+    // Rows of catalogue "975" as the menu's opener shows them: month/year and the factor.
+    void factoresCargadosSeVenEnLaGrilla()
+    {
+        FamiliaPrueba familia;
+        for (const auto& [periodo, factor] : {std::pair{"202401", "1.0234"}, std::pair{"202312", "12.5"}})
+            ejecutar(QStringLiteral("INSERT INTO PARAM (Numero, Argumento, Funcion) VALUES ('975', ?, ?)"),
+                     {QString::fromLatin1(periodo), QString::fromLatin1(factor)});
+        QStringList vista;
+        QTimer::singleShot(0, [&vista] {
+            QWidget* w = QApplication::activeModalWidget();
+            if (!w)
+                return;
+            auto* grilla = w->findChild<QTableView*>(QStringLiteral("grdBancos"));
+            for (int f = 0; f < grilla->model()->rowCount(); ++f)
+                vista << grilla->model()->index(f, 0).data().toString() + QLatin1Char(' ')
+                             + grilla->model()->index(f, 1).data().toString();
+            if (!grilla->isVisible() || !grilla->isEnabled() || w->findChild<QLabel*>(QStringLiteral("lblVacio"))->isVisible())
+                vista << QStringLiteral("(grilla oculta)");
+            QTest::mouseClick(w->findChild<QPushButton*>(QStringLiteral("CmdSalir")), Qt::LeftButton);
+        });
+        abrirFrmConsFac();
+        QCOMPARE(vista, (QStringList{QStringLiteral("01/2024 1.023"), QStringLiteral("12/2023 12.500")}));
     }
 
     // Through the menu's opener: a modal window, no hourglass left while it is shown, "&Salir" closes.

@@ -1,9 +1,15 @@
-// "Presentación Preliminar" on the offscreen platform: paging, the bars, the page on the
-// screen, printing, saving as PDF and the missing file.
+// "Presentación Preliminar" on the offscreen platform: paging by buttons and keys, the page
+// count, the zoom, printing through the print dialog and to PDF without a printer, saving as
+// PDF and the missing file.
+#include <QAbstractItemView>
 #include <QAction>
+#include <QComboBox>
 #include <QFile>
+#include <QGraphicsView>
 #include <QImage>
-#include <QScrollBar>
+#include <QLabel>
+#include <QPrintPreviewWidget>
+#include <QPrinter>
 #include <QTemporaryDir>
 #include <QToolBar>
 #include <QToolButton>
@@ -12,7 +18,50 @@
 #include "basic/respondedor_guion.h"
 #include "reports/reproduccion.h"
 #include "reports/vista/frmpreview.h"
+#include "reports/vista/impresion.h"
 #include "shell/globales.h"
+
+namespace {
+
+// The print and file dialogs as a user answers them: printer or not, the pages and copies
+// chosen, the file named. Printing goes to a PDF file the test reads back.
+class DialogosFalsos : public DialogosImpresion {
+public:
+    bool impresoras = true;
+    int desde = 0, hasta = 0, copias = 1;   // 0: all pages
+    QString salida, archivoPdf;
+    QList<QPair<int, int>> ofrecido;        // min and max of each print dialog
+    QStringList titulosPdf;
+
+    bool hayImpresoras() override { return impresoras; }
+    bool elegirImpresora(QPrinter& impresora, int min, int max, QWidget*) override
+    {
+        ofrecido << qMakePair(min, max);
+        if (impresora.fromPage() != min || impresora.toPage() != max)
+            ofrecido << qMakePair(-impresora.fromPage(), -impresora.toPage());
+        impresora.setOutputFormat(QPrinter::PdfFormat);
+        impresora.setOutputFileName(salida);
+        impresora.setCopyCount(copias);
+        if (desde > 0) {
+            impresora.setPrintRange(QPrinter::PageRange);
+            impresora.setFromTo(desde, hasta);
+        }
+        return !salida.isEmpty();
+    }
+    QString elegirArchivoPdf(const QString& titulo, const QString&, QWidget*) override
+    {
+        titulosPdf << titulo;
+        return archivoPdf;
+    }
+};
+
+int paginasPdf(const QString& ruta)
+{
+    QFile f(ruta);
+    return f.open(QIODevice::ReadOnly) ? int(f.readAll().count("/Type /Page\n")) : -1;
+}
+
+} // namespace
 
 class PruebaPreview : public QObject {
     Q_OBJECT
@@ -20,7 +69,7 @@ class PruebaPreview : public QObject {
 private:
     QTemporaryDir dir;
     RespondedorGuion mensajes;
-    QList<DocumentoSpool> impresos;
+    DialogosFalsos dialogos;
 
     static QByteArray cincoHojas()
     {
@@ -44,8 +93,28 @@ private:
         QTest::mouseClick(boton, Qt::LeftButton);
     }
 
-    static QColor pixel(frmPreview& w, QPoint p) { return QColor(w.picFondo()->grab().toImage().pixel(p)); }
-    static const QColor cian() { return QColor(0xC0, 0xFF, 0xFF); }
+    // The page the model shows, the sheet the widget scrolled to and the caption of the count.
+    static QString pagina(frmPreview& w)
+    {
+        return QStringLiteral("%1/%2 %3").arg(w.modelo().elementoVisible()).arg(w.picFondo()->currentPage() - 1).arg(w.lblPagina()->text());
+    }
+
+    static QWidget* vista(frmPreview& w) { return w.picFondo()->findChild<QGraphicsView*>()->viewport(); }
+
+    static void rueda(frmPreview& w, int giro)
+    {
+        QWidget* v = vista(w);
+        const QPointF centro(v->width() / 2.0, v->height() / 2.0);
+        QWheelEvent e(centro, v->mapToGlobal(centro), QPoint(), QPoint(0, giro), Qt::NoButton, Qt::ControlModifier,
+                      Qt::NoScrollPhase, false);
+        QApplication::sendEvent(v, &e);
+    }
+
+    static void mostrar(frmPreview& w)
+    {
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+    }
 
 private slots:
     void init()
@@ -58,13 +127,15 @@ private slots:
         f.close();
         mensajes = RespondedorGuion();
         instalarRespondedor(&mensajes);
-        impresos.clear();
-        instalarDestinoImpresion([this](const DocumentoSpool& d) { impresos << d; });
+        dialogos = DialogosFalsos();
+        instalarDialogosImpresion(&dialogos);
+        instalarDestinoImpresion(imprimeEnEscritorio);
     }
 
     void cleanup()
     {
         instalarDestinoImpresion({});
+        instalarDialogosImpresion(nullptr);
         instalarRespondedor(nullptr);
         G().reiniciar();
     }
@@ -72,43 +143,105 @@ private slots:
     void botonesYPaginado()
     {
         frmPreview w(QStringLiteral("r.PRN"));
-        w.show();
+        mostrar(w);
         QCOMPARE(w.windowTitle(), QStringLiteral("Presentación Preliminar"));
         QCOMPARE(w.boton(2)->toolTip(), QStringLiteral("Pag Anterior"));
         QCOMPARE(w.boton(3)->toolTip(), QStringLiteral("Pag Sgt"));
         QCOMPARE(w.boton(4)->toolTip(), QStringLiteral("Imprimir"));
         QCOMPARE(w.boton(5)->toolTip(), QStringLiteral("Salir"));
-        QCOMPARE(w.guardarPdf()->text(), QStringLiteral("Guardar PDF"));
-        QCOMPARE(w.modelo().nTotHojas, qint16(5));
+        QCOMPARE(w.picFondo()->pageCount(), 5);
+        QCOMPARE(pagina(w), QStringLiteral("0/0 Página 1 de 5"));
 
+        pulsar(w, w.boton(2));   // at the first page nothing moves
+        QCOMPARE(pagina(w), QStringLiteral("0/0 Página 1 de 5"));
         pulsar(w, w.boton(3));
         pulsar(w, w.boton(3));
         pulsar(w, w.boton(2));
-        QCOMPARE(w.modelo().nHojaActual, qint16(1));
-        QCOMPARE(w.modelo().elementoVisible(), 1);
-        QCOMPARE(pixel(w, QPoint(5, 5)), cian());   // the page's background from the directive
+        QCOMPARE(pagina(w), QStringLiteral("1/1 Página 2 de 5"));
+
+        // The sheets carry the page's background colour of the report.
+        const QImage imagen = w.picFondo()->grab().toImage();
+        int cian = 0;
+        for (int y = 0; y < imagen.height(); y += 4)
+            for (int x = 0; x < imagen.width(); x += 4)
+                cian += QColor(imagen.pixel(x, y)) == QColor(0xC0, 0xFF, 0xFF);
+        QVERIFY2(cian > imagen.width() * imagen.height() / 16 / 4, qPrintable(QString::number(cian)));
     }
 
-    void barrasEnPaso()
+    void teclasDePagina_data()
+    {
+        QTest::addColumn<QList<int>>("teclas");
+        QTest::addColumn<QString>("esperado");
+        QTest::newRow("AvPág") << QList<int>{Qt::Key_PageDown} << "1/1 Página 2 de 5";
+        QTest::newRow("AvPág al final") << QList<int>{Qt::Key_End, Qt::Key_PageDown} << "4/4 Página 5 de 5";
+        QTest::newRow("RePág") << QList<int>{Qt::Key_End, Qt::Key_PageUp} << "3/3 Página 4 de 5";
+        QTest::newRow("Inicio") << QList<int>{Qt::Key_PageDown, Qt::Key_PageDown, Qt::Key_Home} << "0/0 Página 1 de 5";
+        QTest::newRow("Fin") << QList<int>{Qt::Key_End} << "4/4 Página 5 de 5";
+    }
+
+    void teclasDePagina()
+    {
+        QFETCH(QList<int>, teclas);
+        QFETCH(QString, esperado);
+        frmPreview w(QStringLiteral("r.PRN"));
+        mostrar(w);
+        for (int tecla : teclas)
+            QTest::keyClick(vista(w), Qt::Key(tecla));
+        QCOMPARE(pagina(w), esperado);
+    }
+
+    // Ctrl++ and Ctrl+- go by the steps of the box, within 50 and 200 per cent; so does Ctrl
+    // with the wheel; the two fits and the box set the zoom as they say.
+    void zoom()
     {
         frmPreview w(QStringLiteral("r.PRN"));
-        w.show();
-        const QSize marco = w.picFondo()->size();
-        QCOMPARE(marco, QSize(801, 355));   // 12015 by 5325 twips
-        QCOMPARE(pixel(w, QPoint(5, marco.height() - 2)), cian());
-        w.vsbPic(1)->setValue(11000);   // the page is 15000 high: the frame shows its end
-        QCOMPARE(w.vsbPic(0)->value(), 11000);
-        QCOMPARE(pixel(w, QPoint(5, marco.height() - 2)), QColor(Qt::white));
-        QCOMPARE(w.vsbPic(0)->singleStep(), 400);
-        QCOMPARE(w.vsbPic(1)->singleStep(), 350);
-        w.HScroll1()->setValue(3500);
-        QCOMPARE(pixel(w, QPoint(marco.width() - 2, 5)), QColor(Qt::white));
-        QCOMPARE(w.HScroll1()->singleStep(), 45);
+        mostrar(w);
+        QVERIFY(w.ajustarAncho()->isChecked());
+        QStringList vistos;
+        auto anotar = [&] {
+            vistos << QString::number(w.zoom()) + QLatin1Char(':')
+                          + (w.cboZoom()->currentIndex() >= 0 ? w.cboZoom()->currentText() : QStringLiteral("-"));
+        };
+        w.cboZoom()->showPopup();
+        QTest::keyClick(w.cboZoom()->view(), Qt::Key_Home);
+        QTest::keyClick(w.cboZoom()->view(), Qt::Key_Down);
+        QTest::keyClick(w.cboZoom()->view(), Qt::Key_Return);
+        anotar();   // 75
+        QVERIFY(!w.ajustarAncho()->isChecked());
+        QTest::keyClick(vista(w), Qt::Key_Minus, Qt::ControlModifier);
+        anotar();   // 50
+        QTest::keyClick(vista(w), Qt::Key_Minus, Qt::ControlModifier);
+        anotar();   // stays at 50
+        QTest::keyClick(vista(w), Qt::Key_Plus, Qt::ControlModifier);
+        anotar();   // 75
+        QTest::keyClick(vista(w), Qt::Key_Equal, Qt::ControlModifier);
+        anotar();   // 100
+        rueda(w, 120);
+        anotar();   // 125
+        rueda(w, 120);
+        rueda(w, 120);
+        rueda(w, 120);
+        rueda(w, 120);
+        anotar();   // 200 at most
+        rueda(w, -120);
+        anotar();   // 175
+        QCOMPARE(vistos, (QStringList{"75:75%", "50:50%", "50:50%", "75:75%", "100:100%", "125:125%", "200:200%",
+                                      "175:175%"}));
 
-        pulsar(w, w.boton(3));   // paging brings the vertical bars back, not the horizontal one
-        QCOMPARE(w.vsbPic(0)->value(), 0);
-        QCOMPARE(w.vsbPic(1)->value(), 0);
-        QCOMPARE(w.HScroll1()->value(), 3500);
+        pulsar(w, w.paginaCompleta());
+        QCOMPARE(w.picFondo()->zoomMode(), QPrintPreviewWidget::FitInView);
+        QVERIFY(w.paginaCompleta()->isChecked());
+        const int pagina = w.zoom();
+        pulsar(w, w.ajustarAncho());
+        QCOMPARE(w.picFondo()->zoomMode(), QPrintPreviewWidget::FitToWidth);
+        QVERIFY(w.zoom() > pagina);   // a sheet is taller than wide
+        QVERIFY(!w.paginaCompleta()->isChecked());
+        QCOMPARE(w.cboZoom()->placeholderText(), QString::number(w.zoom()) + QLatin1Char('%'));
+
+        // The window grows, and the sheet fitted to the width with it.
+        const int antes = w.zoom();
+        w.resize(w.width() + 300, w.height());
+        QVERIFY(QTest::qWaitFor([&] { return w.zoom() > antes; }, 2000));
     }
 
     void rangoDeUnaHoja()
@@ -117,34 +250,75 @@ private slots:
         G().gnHojaDesde = 3;
         G().gnHojaHasta = 3;
         frmPreview w(QStringLiteral("r.PRN"));
-        w.show();
-        QCOMPARE(w.modelo().nTotHojas, qint16(1));
+        mostrar(w);
+        QCOMPARE(w.picFondo()->pageCount(), 1);
         pulsar(w, w.boton(3));
+        QTest::keyClick(vista(w), Qt::Key_End);
         pulsar(w, w.boton(2));
-        QCOMPARE(w.modelo().nHojaActual, qint16(0));
-        QVERIFY(!w.modelo().picPrevia[0].pagina.comandos.isEmpty());
+        QCOMPARE(pagina(w), QStringLiteral("0/0 Página 1 de 1"));
         QCOMPARE(w.modelo().picPrevia[0].pagina.comandos[0].texto, QStringLiteral("H2"));
     }
 
-    void imprimirGuardarYSalir()
+    // The print dialog holds the report's pages of the range in force; the pages and copies
+    // chosen there are what goes to paper.
+    void imprimirPorElDialogo()
     {
         G().gbPorHojas = -1;
         G().gnHojaDesde = 2;
         G().gnHojaHasta = 3;
         frmPreview w(QStringLiteral("r.PRN"));
-        w.show();
+        mostrar(w);
+        dialogos.salida = dir.filePath(QStringLiteral("todo.pdf"));
         pulsar(w, w.boton(4));
-        QCOMPARE(impresos.size(), 1);
-        QCOMPARE(impresos[0].paginas.size(), 3);   // pages 2 and 3, then the blank page
-        QVERIFY(impresos[0].paginas[2].comandos.isEmpty());
-        QCOMPARE(w.modelo().nTotHojas, qint16(2));   // the pictures stay as they are
+        QCOMPARE(dialogos.ofrecido, (QList<QPair<int, int>>{{2, 3}}));
+        QCOMPARE(paginasPdf(dialogos.salida), 3);   // pages 2 and 3, then the break after 3
+        QVERIFY(mensajes.mostrados.isEmpty());
         QCOMPARE(w.modelo().Modo, QStringLiteral("IMPRIMIR"));
+        QCOMPARE(w.picFondo()->pageCount(), 2);   // the sheets on view stay as they are
 
-        const QString pdf = dir.filePath(QStringLiteral("previa.pdf"));
-        QVERIFY(w.guardarComo(pdf));
-        QFile f(pdf);
-        QVERIFY(f.open(QIODevice::ReadOnly));
-        QCOMPARE(f.readAll().count("/Type /Page\n") + 0, 2);   // what the preview holds
+        dialogos.salida = dir.filePath(QStringLiteral("tercera.pdf"));
+        dialogos.desde = dialogos.hasta = 3;
+        dialogos.copias = 2;
+        pulsar(w, w.boton(4));
+        QCOMPARE(paginasPdf(dialogos.salida), 4);   // page 3 and its break, twice
+
+        dialogos.salida.clear();   // cancelled: nothing is printed, nothing said
+        pulsar(w, w.boton(4));
+        QVERIFY(mensajes.mostrados.isEmpty());
+        QVERIFY(w.isVisible());
+    }
+
+    // Without any printer the message stays, and the report can go to a PDF file instead.
+    void sinImpresoraSeOfreceUnPdf()
+    {
+        dialogos.impresoras = false;
+        dialogos.archivoPdf = dir.filePath(QStringLiteral("sin_impresora"));
+        frmPreview w(QStringLiteral("r.PRN"));
+        mostrar(w);
+        QVERIFY(mensajes.mostrados.isEmpty());   // the preview itself needs no printer
+        pulsar(w, w.boton(4));
+        QCOMPARE(mensajes.textos(), QStringList{QStringLiteral("No existe una impresora seleccionada.Verifique.")});
+        QCOMPARE(mensajes.mostrados[0].titulo, QStringLiteral("Impresión"));
+        QCOMPARE(mensajes.mostrados[0].flags, 16);
+        QCOMPARE(dialogos.titulosPdf, QStringList{QStringLiteral("Imprimir en archivo PDF")});
+        QCOMPARE(paginasPdf(dialogos.archivoPdf + QStringLiteral(".pdf")), 5);
+        QVERIFY(dialogos.ofrecido.isEmpty());
+    }
+
+    void guardarPdfYSalir()
+    {
+        G().gbPorHojas = -1;
+        G().gnHojaDesde = 2;
+        G().gnHojaHasta = 3;
+        frmPreview w(QStringLiteral("r.PRN"));
+        mostrar(w);
+        QCOMPARE(w.guardarPdf()->text(), QStringLiteral("Guardar PDF"));
+        dialogos.archivoPdf = dir.filePath(QStringLiteral("previa.pdf"));
+        pulsar(w, w.guardarPdf());
+        QCOMPARE(paginasPdf(dialogos.archivoPdf), 2);   // what the preview holds
+        dialogos.archivoPdf = dir.filePath(QStringLiteral("no/existe/previa.pdf"));
+        pulsar(w, w.guardarPdf());
+        QCOMPARE(mensajes.textos(), QStringList{QStringLiteral("No se pudo grabar el archivo ") + dialogos.archivoPdf});
 
         pulsar(w, w.boton(5));
         QVERIFY(!w.isVisible());

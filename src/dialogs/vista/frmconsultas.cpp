@@ -115,6 +115,13 @@ VistaFrmConsFac::VistaFrmConsFac(const FrmConsFac& modelo, QWidget* padre)
     for (int i = 0; i < grdBancos->model()->rowCount(); ++i)
         grdBancos->model()->setData(grdBancos->model()->index(i, 1), int(Qt::AlignRight | Qt::AlignVCenter),
                                     Qt::TextAlignmentRole);
+    lblVacio = new QLabel(modelo.lblVacio, this);
+    lblVacio->setObjectName(QStringLiteral("lblVacio"));
+    lblVacio->setAlignment(Qt::AlignCenter);
+    lblVacio->setWordWrap(true);
+    lblVacio->setVisible(!modelo.lblVacio.isEmpty());
+    grdBancos->setVisible(modelo.lblVacio.isEmpty());
+    static_cast<QVBoxLayout*>(layout())->insertWidget(0, lblVacio, 1);
     setFixedSize(326, 314);
 }
 

@@ -38,11 +38,14 @@ private:
     QStandardItemModel* datos_;
 };
 
+// The factors; with an empty catalogue a label says so in place of the grid.
 class VistaFrmConsFac : public DialogoGrilla {
     Q_OBJECT
 public:
     // The model must have been loaded (FrmConsFac::Form_Load).
     explicit VistaFrmConsFac(const FrmConsFac& modelo, QWidget* padre = nullptr);
+
+    QLabel* lblVacio;
 };
 
 class VistaFrmConsultas : public DialogoGrilla {

@@ -1,54 +1,53 @@
 #include "reports/vista/frmpreview.h"
 
-#include "basic/msgbox.h"
 #include "reports/reproduccion.h"
-#include "shell/globales.h"
+#include "reports/vista/impresion.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QDir>
-#include <QFileInfo>
-#include <QFileDialog>
-#include <QGridLayout>
+#include <QComboBox>
+#include <QGraphicsView>
+#include <QGuiApplication>
 #include <QIcon>
-#include <QPainter>
-#include <QScrollBar>
+#include <QKeySequence>
+#include <QLabel>
+#include <QPrintPreviewWidget>
+#include <QScreen>
 #include <QStyle>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 namespace {
-constexpr double kTwipsPorPixel = 15.0;
-int px(int twips) { return qRound(twips / kTwipsPorPixel); }
-}
 
-LienzoPrevia::LienzoPrevia(const ModeloPrevia& modelo, QWidget* padre) : QWidget(padre), modelo_(modelo)
+constexpr int kZoomMinimo = 50;
+constexpr int kZoomMaximo = 200;
+
+QAction* accionConTeclas(QWidget* dueno, const QList<QKeySequence>& teclas)
 {
-    setObjectName(QStringLiteral("picFondo"));
-    setFixedSize(sizeHint());
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    auto* a = new QAction(dueno);
+    a->setShortcuts(teclas);
+    a->setShortcutContext(Qt::WindowShortcut);
+    dueno->addAction(a);
+    return a;
 }
 
-QSize LienzoPrevia::sizeHint() const { return QSize(px(ModeloPrevia::kAnchoMarco), px(ModeloPrevia::kAltoMarco)); }
+} // namespace
 
-void LienzoPrevia::paintEvent(QPaintEvent*)
+const QList<int>& frmPreview::pasosZoom()
 {
-    QPainter p(this);
-    p.fillRect(rect(), Qt::white);
-    const int i = modelo_.elementoVisible();
-    if (i < 0)
-        return;
-    const ModeloPrevia::Elemento& e = modelo_.picPrevia[i];
-    p.scale(1.0 / kTwipsPorPixel, 1.0 / kTwipsPorPixel);
-    p.translate(e.left, e.top);
-    p.fillRect(QRect(0, 0, ModeloPrevia::kLadoPagina, ModeloPrevia::kLadoPagina), colorRuntime(e.pagina.colorFondo));
-    dibujaPagina(p, e.pagina, false);
+    static const QList<int> pasos{50, 75, 100, 125, 150, 175, 200};
+    return pasos;
 }
 
-frmPreview::frmPreview(const QString& archivo, QWidget* padre) : QDialog(padre)
+frmPreview::frmPreview(const QString& archivo, QWidget* padre)
+    : QDialog(padre, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint
+                         | Qt::WindowCloseButtonHint),
+      hoja_(QPrinter::HighResolution)
 {
     setObjectName(QStringLiteral("frmPreview"));
     setWindowTitle(QStringLiteral("Presentación Preliminar"));
+    setSizeGripEnabled(true);
 
     tlbPrevia_ = new QToolBar(this);
     tlbPrevia_->setObjectName(QStringLiteral("tlbPrevia"));
@@ -74,57 +73,89 @@ frmPreview::frmPreview(const QString& archivo, QWidget* padre) : QDialog(padre)
     tlbPrevia_->addSeparator();
     accionPdf_ = tlbPrevia_->addAction(estilo->standardIcon(QStyle::SP_DialogSaveButton), QStringLiteral("Guardar PDF"));
     accionPdf_->setToolTip(QStringLiteral("Guardar PDF"));
-    connect(accionPdf_, &QAction::triggered, this, [this] {
-        const QString ruta = QFileDialog::getSaveFileName(this, QStringLiteral("Guardar PDF"),
-                                                          QDir::home().filePath(QFileInfo(modelo_.Archivo).completeBaseName()
-                                                                                + QStringLiteral(".pdf")),
-                                                          QStringLiteral("PDF (*.pdf)"));
-        if (!ruta.isEmpty() && !guardarComo(ruta))
-            MsgBox(QStringLiteral("No se pudo grabar el archivo ") + ruta, vbCritical, QStringLiteral("Guardar PDF"));
-    });
+    connect(accionPdf_, &QAction::triggered, this, &frmPreview::guardarComoPdf);
 
-    lienzo_ = new LienzoPrevia(modelo_, this);
-    const int pasos[2] = {ModeloPrevia::kPasoVertical0, ModeloPrevia::kPasoVertical1};
-    for (int i = 0; i < 2; ++i) {
-        vsb_[i] = new QScrollBar(Qt::Vertical, this);
-        vsb_[i]->setObjectName(QStringLiteral("vsbPic%1").arg(i));
-        vsb_[i]->setRange(0, ModeloPrevia::kMaxVertical);
-        vsb_[i]->setSingleStep(pasos[i]);
-        vsb_[i]->setPageStep(pasos[i]);
-        connect(vsb_[i], &QScrollBar::valueChanged, this, [this, i](int v) {
-            if (refrescando_)
-                return;
-            modelo_.setVsbPic(i, v);
+    tlbPrevia_->addSeparator();
+    accionAncho_ = tlbPrevia_->addAction(QStringLiteral("Ajustar al ancho"));
+    accionAncho_->setToolTip(QStringLiteral("Ajustar al ancho"));
+    accionAncho_->setCheckable(true);
+    accionPagina_ = tlbPrevia_->addAction(QStringLiteral("Página completa"));
+    accionPagina_->setToolTip(QStringLiteral("Página completa"));
+    accionPagina_->setCheckable(true);
+    cboZoom_ = new QComboBox(tlbPrevia_);
+    cboZoom_->setObjectName(QStringLiteral("cboZoom"));
+    cboZoom_->setToolTip(QStringLiteral("Zoom"));
+    cboZoom_->setFocusPolicy(Qt::ClickFocus);
+    for (int paso : pasosZoom())
+        cboZoom_->addItem(QString::number(paso) + QLatin1Char('%'), paso);
+    cboZoom_->setMinimumContentsLength(5);
+    tlbPrevia_->addWidget(cboZoom_);
+    tlbPrevia_->addSeparator();
+    lblPagina_ = new QLabel(tlbPrevia_);
+    lblPagina_->setObjectName(QStringLiteral("lblPagina"));
+    lblPagina_->setContentsMargins(8, 0, 8, 0);
+    tlbPrevia_->addWidget(lblPagina_);
+
+    // The sheets are the PDF's paper, so what the screen shows is what the file holds.
+    preparaPapel(hoja_);
+    hoja_.setDocName(QStringLiteral("Formulario 931"));
+    previa_ = new QPrintPreviewWidget(&hoja_, this);
+    previa_->setObjectName(QStringLiteral("picFondo"));
+    previa_->setViewMode(QPrintPreviewWidget::SinglePageView);
+    previa_->setFocusPolicy(Qt::StrongFocus);
+    connect(previa_, &QPrintPreviewWidget::paintRequested, this,
+            [this](QPrinter* impresora) { imprimeDocumento(*impresora, modelo_.documento(), true); });
+    connect(previa_, &QPrintPreviewWidget::previewChanged, this, [this] {
+        // The user scrolled to another sheet, or the zoom changed.
+        if (!refrescando_ && previa_->pageCount() > 0 && previa_->currentPage() - 1 != modelo_.nHojaActual) {
+            modelo_.pIrA(qint16(previa_->currentPage() - 1));
             refrescar();
-        });
-    }
-    hsb_ = new QScrollBar(Qt::Horizontal, this);
-    hsb_->setObjectName(QStringLiteral("HScroll1"));
-    hsb_->setRange(0, ModeloPrevia::kMaxHorizontal);
-    hsb_->setSingleStep(ModeloPrevia::kPasoHorizontal);
-    hsb_->setPageStep(ModeloPrevia::kPasoHorizontal);
-    connect(hsb_, &QScrollBar::valueChanged, this, [this](int v) {
-        if (refrescando_)
-            return;
-        modelo_.setHScroll1(v);
-        refrescar();
+        }
+        mostrarZoom();
     });
+    if (auto* vista = previa_->findChild<QGraphicsView*>())
+        vista->viewport()->installEventFilter(this);
 
-    auto* rejilla = new QGridLayout;
-    rejilla->setSpacing(0);
-    rejilla->addWidget(vsb_[1], 0, 0);
-    rejilla->addWidget(lienzo_, 0, 1);
-    rejilla->addWidget(vsb_[0], 0, 2);
-    rejilla->addWidget(hsb_, 1, 1);
+    connect(accionAncho_, &QAction::triggered, this, [this] {
+        previa_->fitToWidth();
+        mostrarZoom();
+    });
+    connect(accionPagina_, &QAction::triggered, this, [this] {
+        previa_->fitInView();
+        mostrarZoom();
+    });
+    connect(cboZoom_, &QComboBox::activated, this, [this](int i) { fijarZoom(cboZoom_->itemData(i).toInt()); });
+
+    // The keys of the sheets and of the zoom, wherever the focus is in the window.
+    connect(accionConTeclas(this, {QKeySequence(Qt::Key_PageUp)}), &QAction::triggered, this, [this] { pulsar(2); });
+    connect(accionConTeclas(this, {QKeySequence(Qt::Key_PageDown)}), &QAction::triggered, this, [this] { pulsar(3); });
+    connect(accionConTeclas(this, {QKeySequence(Qt::Key_Home)}), &QAction::triggered, this, [this] { irA(0); });
+    connect(accionConTeclas(this, {QKeySequence(Qt::Key_End)}), &QAction::triggered, this,
+            [this] { irA(qint16(modelo_.nTotHojas - 1)); });
+    connect(accionConTeclas(this, {QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)}), &QAction::triggered,
+            this, [this] { pasoZoom(1); });
+    connect(accionConTeclas(this, {QKeySequence::ZoomOut}), &QAction::triggered, this, [this] { pasoZoom(-1); });
+
     auto* principal = new QVBoxLayout(this);
     principal->setContentsMargins(4, 0, 4, 4);
     principal->addWidget(tlbPrevia_);
-    principal->addLayout(rejilla);
-    principal->setSizeConstraint(QLayout::SetFixedSize);
+    principal->addWidget(previa_, 1);
+
+    if (const QScreen* pantalla = QGuiApplication::primaryScreen()) {
+        const QSize libre = pantalla->availableSize();
+        resize(qMin(900, libre.width() * 9 / 10), qMin(760, libre.height() * 9 / 10));
+    } else {
+        resize(900, 760);
+    }
 
     modelo_.Archivo = archivo;
     modelo_.Form_Load();
+    if (!modelo_.descargar) {
+        previa_->updatePreview();
+        previa_->fitToWidth();
+    }
     refrescar();
+    previa_->setFocus();
 }
 
 QAction* frmPreview::boton(int indice) const
@@ -132,7 +163,7 @@ QAction* frmPreview::boton(int indice) const
     return indice >= 2 && indice <= 5 ? botones_[indice - 2] : nullptr;
 }
 
-bool frmPreview::guardarComo(const QString& ruta) { return modelo_.guardarPdf(ruta); }
+int frmPreview::zoom() const { return qRound(previa_->zoomFactor() * 100); }
 
 void frmPreview::pulsar(int indice)
 {
@@ -146,14 +177,82 @@ void frmPreview::pulsar(int indice)
         reject();
 }
 
+void frmPreview::irA(qint16 hoja)
+{
+    modelo_.pIrA(hoja);
+    refrescar();
+}
+
 void frmPreview::refrescar()
 {
     refrescando_ = true;
-    vsb_[0]->setValue(modelo_.vsbPic[0]);
-    vsb_[1]->setValue(modelo_.vsbPic[1]);
-    hsb_->setValue(modelo_.HScroll1);
+    if (previa_->pageCount() > 0 && previa_->currentPage() != modelo_.nHojaActual + 1)
+        previa_->setCurrentPage(modelo_.nHojaActual + 1);
     refrescando_ = false;
-    lienzo_->update();
+    lblPagina_->setText(QStringLiteral("Página %1 de %2").arg(modelo_.nHojaActual + 1).arg(modelo_.nTotHojas));
+    mostrarZoom();
+}
+
+void frmPreview::fijarZoom(int porCiento)
+{
+    previa_->setZoomMode(QPrintPreviewWidget::CustomZoom);
+    previa_->setZoomFactor(qBound(kZoomMinimo, porCiento, kZoomMaximo) / 100.0);
+    // Zooming keeps the sheet on view.
+    refrescando_ = true;
+    previa_->setCurrentPage(modelo_.nHojaActual + 1);
+    refrescando_ = false;
+    mostrarZoom();
+}
+
+// The next step of the zoom above (1) or below (-1) the zoom on view, within 50 and 200.
+void frmPreview::pasoZoom(int sentido)
+{
+    const int actual = zoom();
+    int destino = sentido > 0 ? kZoomMaximo : kZoomMinimo;
+    if (sentido > 0) {
+        for (int paso : pasosZoom())
+            if (paso > actual) {
+                destino = paso;
+                break;
+            }
+    } else {
+        for (auto it = pasosZoom().crbegin(); it != pasosZoom().crend(); ++it)
+            if (*it < actual) {
+                destino = *it;
+                break;
+            }
+    }
+    fijarZoom(destino);
+}
+
+void frmPreview::mostrarZoom()
+{
+    const QPrintPreviewWidget::ZoomMode modo = previa_->zoomMode();
+    accionAncho_->setChecked(modo == QPrintPreviewWidget::FitToWidth);
+    accionPagina_->setChecked(modo == QPrintPreviewWidget::FitInView);
+    const QSignalBlocker bloqueo(cboZoom_);
+    const int indice = cboZoom_->findData(zoom());
+    cboZoom_->setCurrentIndex(indice);
+    cboZoom_->setPlaceholderText(QString::number(zoom()) + QLatin1Char('%'));
+}
+
+void frmPreview::guardarComoPdf()
+{
+    guardaPdfConDialogo(modelo_.documento(), QStringLiteral("Guardar PDF"), this);
+}
+
+bool frmPreview::eventFilter(QObject* objeto, QEvent* e)
+{
+    if (e->type() == QEvent::Wheel) {
+        auto* rueda = static_cast<QWheelEvent*>(e);
+        if (rueda->modifiers() & Qt::ControlModifier) {
+            const int giro = rueda->angleDelta().y();
+            if (giro != 0)
+                pasoZoom(giro > 0 ? 1 : -1);
+            return true;
+        }
+    }
+    return QDialog::eventFilter(objeto, e);
 }
 
 void abrirPrevia(const QString& archivo, QWidget* padre)

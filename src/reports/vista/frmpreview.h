@@ -1,29 +1,19 @@
 #pragma once
-// "Presentación Preliminar": the pages of a spool file on the screen, with paging, the two
-// vertical bars in step, the horizontal bar, printing and saving as PDF. It mirrors
-// ModeloPrevia.
+// "Presentación Preliminar": the pages of a spool file on the screen as sheets of paper, with
+// paging ("Pag Anterior", "Pag Sgt", PgUp, PgDn, Home, End), zoom (fit width, whole page, 50 to
+// 200 per cent, Ctrl with the wheel, Ctrl++ and Ctrl+-), "Página N de M", printing and saving
+// as PDF. The window grows with its frame. It mirrors ModeloPrevia: the model says which page
+// is on view, the window only scrolls to it.
 #include "reports/previa.h"
 
 #include <QDialog>
-#include <QWidget>
+#include <QPrinter>
 
 class QAction;
-class QScrollBar;
+class QComboBox;
+class QLabel;
+class QPrintPreviewWidget;
 class QToolBar;
-
-// The frame that clips the page on view (picFondo), drawn in twips at 15 to the pixel.
-class LienzoPrevia : public QWidget {
-    Q_OBJECT
-public:
-    explicit LienzoPrevia(const ModeloPrevia& modelo, QWidget* padre = nullptr);
-    QSize sizeHint() const override;
-
-protected:
-    void paintEvent(QPaintEvent* e) override;
-
-private:
-    const ModeloPrevia& modelo_;
-};
 
 class frmPreview : public QDialog {
     Q_OBJECT
@@ -35,24 +25,39 @@ public:
     // Toolbar buttons by index 2..5 ("Pag Anterior", "Pag Sgt", "Imprimir", "Salir").
     QAction* boton(int indice) const;
     QAction* guardarPdf() const { return accionPdf_; }
-    QScrollBar* vsbPic(int i) const { return vsb_[i]; }
-    QScrollBar* HScroll1() const { return hsb_; }
-    LienzoPrevia* picFondo() const { return lienzo_; }
+    QAction* ajustarAncho() const { return accionAncho_; }
+    QAction* paginaCompleta() const { return accionPagina_; }
+    QComboBox* cboZoom() const { return cboZoom_; }
+    QLabel* lblPagina() const { return lblPagina_; }
+    QPrintPreviewWidget* picFondo() const { return previa_; }
+    // The zoom on view, in per cent of the paper's size.
+    int zoom() const;
 
-    // "Guardar PDF" with the file already chosen; false when it could not be written.
-    bool guardarComo(const QString& ruta);
+    // The steps of the zoom box and of Ctrl++ / Ctrl+-, in per cent.
+    static const QList<int>& pasosZoom();
+
+protected:
+    bool eventFilter(QObject* objeto, QEvent* e) override;
 
 private:
     void pulsar(int indice);
+    void irA(qint16 hoja);
     void refrescar();
+    void fijarZoom(int porCiento);
+    void pasoZoom(int sentido);
+    void mostrarZoom();
+    void guardarComoPdf();
 
     ModeloPrevia modelo_;
+    QPrinter hoja_;
+    QPrintPreviewWidget* previa_ = nullptr;
     QToolBar* tlbPrevia_ = nullptr;
     QAction* botones_[4] = {};
     QAction* accionPdf_ = nullptr;
-    QScrollBar* vsb_[2] = {};
-    QScrollBar* hsb_ = nullptr;
-    LienzoPrevia* lienzo_ = nullptr;
+    QAction* accionAncho_ = nullptr;
+    QAction* accionPagina_ = nullptr;
+    QComboBox* cboZoom_ = nullptr;
+    QLabel* lblPagina_ = nullptr;
     bool refrescando_ = false;
 };
 
