@@ -672,6 +672,8 @@ bool pImprimeReporte(const QString& texto)
     Globales& g = G();
     g.gnLineasHoja = 104;
     g.gnCopiasRpt = 1;
+    // The direct-print font belongs to the run, not to a printer: a report written to a file
+    // (the preview, a PDF) needs no printer installed.
     g.gvFuenteNombre = QStringLiteral("Courier New");
     g.gvFuenteTam = 8;
     g.gvFuenteNegrita = false;

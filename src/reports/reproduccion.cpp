@@ -116,15 +116,8 @@ void imprimeDocumento(QPagedPaintDevice& dispositivo, const DocumentoSpool& doc,
             dispositivo.newPage();
         }
         preparaTwips(p);
-        if (conFondo) {
-            // The whole sheet, margins included: the painter's origin is the printable area's.
-            const QPageLayout hoja = dispositivo.pageLayout();
-            const QRectF papel = hoja.fullRectPoints();
-            const QRectF util = hoja.paintRectPoints();
-            p.fillRect(QRectF(-util.left() * kTwipsPorPunto, -util.top() * kTwipsPorPunto, papel.width() * kTwipsPorPunto,
-                              papel.height() * kTwipsPorPunto),
-                       colorRuntime(paginas[i]->colorFondo));
-        }
+        if (conFondo)
+            p.fillRect(p.window(), colorRuntime(paginas[i]->colorFondo));
         dibujaPagina(p, *paginas[i], true);
     }
     p.end();

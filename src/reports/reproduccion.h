@@ -37,8 +37,8 @@ void dibujaPagina(QPainter& p, const PaginaDibujo& pagina, bool impresora);
 QColor colorRuntime(quint32 valor);
 
 // All pages of a document on a paged device, each with its orientation (portrait unless the
-// page says landscape); leaves the device in portrait. `conFondo` fills each sheet with its
-// page's background colour first, as the preview shows it; paper stays white.
+// page says landscape); leaves the device in portrait. `conFondo` fills the printable area of
+// each sheet with its page's background colour first, as the preview shows it; paper stays white.
 void imprimeDocumento(QPagedPaintDevice& dispositivo, const DocumentoSpool& doc, bool conFondo = false);
 
 // The paper of PDF files and of the preview: the size given, portrait, margins of kMargenPdfMm.

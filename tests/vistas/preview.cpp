@@ -83,12 +83,13 @@ private:
         return t;
     }
 
-    // Clicks the toolbar button of an action, as the user does.
+    // Clicks the button of an action, as the user does.
     static void pulsar(frmPreview& w, QAction* accion)
     {
-        auto* barra = w.findChild<QToolBar*>(QStringLiteral("tlbPrevia"));
-        QVERIFY(barra);
-        auto* boton = qobject_cast<QToolButton*>(barra->widgetForAction(accion));
+        QToolButton* boton = nullptr;
+        for (QToolButton* b : w.findChildren<QToolButton*>())
+            if (b->defaultAction() == accion && b->isVisible())
+                boton = b;
         QVERIFY(boton);
         QTest::mouseClick(boton, Qt::LeftButton);
     }

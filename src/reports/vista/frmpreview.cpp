@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QGraphicsView>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QIcon>
 #include <QKeySequence>
 #include <QLabel>
@@ -15,6 +16,7 @@
 #include <QScreen>
 #include <QStyle>
 #include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -75,26 +77,31 @@ frmPreview::frmPreview(const QString& archivo, QWidget* padre)
     accionPdf_->setToolTip(QStringLiteral("Guardar PDF"));
     connect(accionPdf_, &QAction::triggered, this, &frmPreview::guardarComoPdf);
 
-    tlbPrevia_->addSeparator();
-    accionAncho_ = tlbPrevia_->addAction(QStringLiteral("Ajustar al ancho"));
-    accionAncho_->setToolTip(QStringLiteral("Ajustar al ancho"));
-    accionAncho_->setCheckable(true);
-    accionPagina_ = tlbPrevia_->addAction(QStringLiteral("Página completa"));
-    accionPagina_->setToolTip(QStringLiteral("Página completa"));
-    accionPagina_->setCheckable(true);
-    cboZoom_ = new QComboBox(tlbPrevia_);
+    // Under the sheets: the page on view on the left, the zoom on the right.
+    accionAncho_ = new QAction(QStringLiteral("Ajustar al ancho"), this);
+    accionPagina_ = new QAction(QStringLiteral("Página completa"), this);
+    auto* pie = new QHBoxLayout;
+    pie->setContentsMargins(4, 2, 4, 0);
+    lblPagina_ = new QLabel(this);
+    lblPagina_->setObjectName(QStringLiteral("lblPagina"));
+    pie->addWidget(lblPagina_);
+    pie->addStretch(1);
+    for (QAction* a : {accionAncho_, accionPagina_}) {
+        a->setToolTip(a->text());
+        a->setCheckable(true);
+        auto* b = new QToolButton(this);
+        b->setDefaultAction(a);
+        b->setFocusPolicy(Qt::NoFocus);
+        pie->addWidget(b);
+    }
+    cboZoom_ = new QComboBox(this);
     cboZoom_->setObjectName(QStringLiteral("cboZoom"));
     cboZoom_->setToolTip(QStringLiteral("Zoom"));
     cboZoom_->setFocusPolicy(Qt::ClickFocus);
     for (int paso : pasosZoom())
         cboZoom_->addItem(QString::number(paso) + QLatin1Char('%'), paso);
     cboZoom_->setMinimumContentsLength(5);
-    tlbPrevia_->addWidget(cboZoom_);
-    tlbPrevia_->addSeparator();
-    lblPagina_ = new QLabel(tlbPrevia_);
-    lblPagina_->setObjectName(QStringLiteral("lblPagina"));
-    lblPagina_->setContentsMargins(8, 0, 8, 0);
-    tlbPrevia_->addWidget(lblPagina_);
+    pie->addWidget(cboZoom_);
 
     // The sheets are the PDF's paper, so what the screen shows is what the file holds.
     preparaPapel(hoja_);
@@ -140,6 +147,7 @@ frmPreview::frmPreview(const QString& archivo, QWidget* padre)
     principal->setContentsMargins(4, 0, 4, 4);
     principal->addWidget(tlbPrevia_);
     principal->addWidget(previa_, 1);
+    principal->addLayout(pie);
 
     if (const QScreen* pantalla = QGuiApplication::primaryScreen()) {
         const QSize libre = pantalla->availableSize();
