@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QToolBar>
 #include <QToolButton>
@@ -189,6 +190,20 @@ private slots:
         for (int tecla : teclas)
             QTest::keyClick(vista(w), Qt::Key(tecla));
         QCOMPARE(pagina(w), esperado);
+    }
+
+    // Scrolling the sheets by hand changes the page on view and its count.
+    void desplazarCambiaLaPagina()
+    {
+        frmPreview w(QStringLiteral("r.PRN"));
+        mostrar(w);
+        QScrollBar* barra = w.picFondo()->findChild<QGraphicsView*>()->verticalScrollBar();
+        barra->setValue(barra->maximum());
+        QCOMPARE(pagina(w), QStringLiteral("4/4 Página 5 de 5"));
+        pulsar(w, w.boton(2));
+        QCOMPARE(pagina(w), QStringLiteral("3/3 Página 4 de 5"));
+        barra->setValue(0);
+        QCOMPARE(pagina(w), QStringLiteral("0/0 Página 1 de 5"));
     }
 
     // Ctrl++ and Ctrl+- go by the steps of the box, within 50 and 200 per cent; so does Ctrl
