@@ -4,6 +4,7 @@
 #include "shell/globales.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QSqlDriver>
 #include <QSqlError>
@@ -148,10 +149,24 @@ void soltar(const QString& conexion)
 // the module's tables. Throws the unavailability found.
 void sondear(const QFileInfo& info, const QString& archivo)
 {
+    // The file's own first bytes tell a database from anything else without the engine, which
+    // would take an empty file for an empty database.
+    QByteArray cabecera;
+    {
+        QFile f(info.absoluteFilePath());
+        if (f.open(QIODevice::ReadOnly))
+            cabecera = f.read(100);
+    }
+    if (cabecera.size() < 100 || !cabecera.startsWith(QByteArrayLiteral("SQLite format 3\0")))
+        throw noDisponible(textoNoEsBase(archivo));
+    // A database in WAL mode that no one has open (no -wal beside it) is read as it lies: even
+    // read-only, the engine would leave its -wal and -shm files beside another program's file.
+    const bool enReposo = cabecera.at(18) == 2 && !QFileInfo::exists(info.absoluteFilePath() + QStringLiteral("-wal"));
+
     QString fallo;
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(kDriver, kSonda);
-        db.setDatabaseName(uriDe(info, "ro"));
+        db.setDatabaseName(uriDe(info, enReposo ? "ro&immutable=1" : "ro"));
         db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_OPEN_READONLY;QSQLITE_BUSY_TIMEOUT=%1")
                                  .arg(kEsperaBloqueoMs));
         if (!db.open()) {
