@@ -152,8 +152,12 @@ void publicarArchivo(const QByteArray& contenido, const QString& destino)
     const QByteArray carpetaC = QFile::encodeName(carpeta);
     const QByteArray destinoC = QFile::encodeName(info.absoluteFilePath());
 
-    int fd = ::open(carpetaC.constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0664);
+    // Read and write for the owner and the group, read for the rest: the family's programs share
+    // the file whatever the creator's umask.
+    const mode_t permisos = 0664;
+    int fd = ::open(carpetaC.constData(), O_TMPFILE | O_RDWR | O_CLOEXEC, permisos);
     if (fd >= 0) {
+        ::fchmod(fd, permisos);
         int error = escribirTodo(fd, contenido);
         if (error == 0) {
             char enlace[64];
@@ -177,7 +181,7 @@ void publicarArchivo(const QByteArray& contenido, const QString& destino)
     Provisional temporal(carpetaC + "/." + QFile::encodeName(info.fileName()) + ".XXXXXX");
     if (temporal.fd < 0)
         throw sinAcceso(carpeta, errno);
-    ::fchmod(temporal.fd, 0664 & ~[] { const mode_t m = ::umask(0); ::umask(m); return m; }());
+    ::fchmod(temporal.fd, permisos);
     int error = escribirTodo(temporal.fd, contenido);
     if (error == 0 && ::link(temporal.ruta(), destinoC.constData()) != 0)
         error = errno;
