@@ -169,15 +169,19 @@ void publicarArchivo(const QByteArray& contenido, const QString& destino)
         ::close(fd);
         if (error == EEXIST)
             throw yaExiste(destino);
-        if (error != 0)
+        if (error == 0) {
+            sincronizarCarpeta(carpetaC);
+            return;
+        }
+        // The anonymous file could be written but not named (no /proc): the fallback below.
+        if (error == ENOSPC || error == EDQUOT || error == EIO)
             throw sinAcceso(carpeta, error);
-        sincronizarCarpeta(carpetaC);
-        return;
-    }
-    if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL)
+    } else if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL) {
         throw sinAcceso(carpeta, errno);
+    }
 
-    // No anonymous files here: a hidden name in the same folder, gone whatever happens.
+    // No anonymous file here, or none that can take a name: a hidden name in the same folder,
+    // removed on failure and on the signals that end a run.
     Provisional temporal(carpetaC + "/." + QFile::encodeName(info.fileName()) + ".XXXXXX");
     if (temporal.fd < 0)
         throw sinAcceso(carpeta, errno);

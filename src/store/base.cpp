@@ -180,12 +180,9 @@ void sondear(const QFileInfo& info, const QString& archivo)
                 QStringList tablas;
                 while (q.next())
                     tablas << q.value(0).toString().toUpper();
-                QStringList faltan;
                 for (const QString& t : tablasDelModulo())
                     if (!tablas.contains(t))
-                        faltan << t;
-                if (!faltan.isEmpty())
-                    fallo = textoNoEsBase(archivo);
+                        fallo = textoNoEsBase(archivo);
             }
         }
     }
