@@ -84,19 +84,17 @@ void prepararEntorno(const OpcionesCli& o)
         g.gsPathBmp = carpeta + QStringLiteral("BMP/");
         g.gsBaseDatos = o.base;
         g.gsArchMens = carpeta + QStringLiteral("Mens.txt");
-        QDir(carpeta).mkpath(QStringLiteral("RPT"));
-        QDir(carpeta).mkpath(QStringLiteral("TMP"));
     }
     if (!o.usuario.isEmpty())
         g.gsUsuario = o.usuario;
     if (g.gsBaseDatos.isEmpty())
         throw ErrorEntrada(QStringLiteral("no hay base de datos: use --base o configure DBPath y DBName en %1").arg(archivoIni()));
-    if (!QFileInfo::exists(g.gsBaseDatos))
-        throw ErrorEntrada(QStringLiteral("no existe la base de datos %1").arg(g.gsBaseDatos));
-    try {
-        abrirBase(g.gsBaseDatos);
-    } catch (const ErrorVB& e) {
-        throw ErrorEntrada(QStringLiteral("no se puede abrir la base de datos %1: %2").arg(g.gsBaseDatos, e.descripcion));
+    // A database that is missing, locked, read-only or not the family's: ErrorVB 3051 (exit 3).
+    abrirBase(g.gsBaseDatos);
+    // Only beside a database that opened.
+    if (!o.base.isEmpty()) {
+        QDir(g.gsPathSys).mkpath(QStringLiteral("RPT"));
+        QDir(g.gsPathSys).mkpath(QStringLiteral("TMP"));
     }
 }
 
@@ -117,6 +115,10 @@ int ejecutarComando(const std::function<int()>& cuerpo)
         err << QString(e.texto).replace(QLatin1Char('\n'), QLatin1Char(' ')) << Qt::endl;
         return 2;
     } catch (const ErrorVB& e) {
+        if (e.numero == kErrBaseBloqueada) {
+            err << QString(e.descripcion).replace(QLatin1Char('\n'), QLatin1Char(' ')) << Qt::endl;
+            return 3;
+        }
         err << QStringLiteral("error%1: %2").arg(Str(e.numero), QString(e.descripcion).replace(QLatin1Char('\n'), QLatin1Char(' ')))
             << Qt::endl;
         return 1;
@@ -141,6 +143,9 @@ int ejecutarDeclaracion(const QStringList& argumentos, const QString& uso,
             reproducirEntrada(frm, entorno, entrada);
             QJsonObject salida;
             codigo = cuerpo(frm, respondedor, salida);
+            // A refusal that came from a database out of reach is no refusal of the rules.
+            if (codigo != 0 && !baseNoDisponible().isEmpty())
+                throw ErrorVB(kErrBaseBloqueada, baseNoDisponible());
             const QByteArray texto = QJsonDocument(salida).toJson(QJsonDocument::Indented);
             std::fwrite(texto.constData(), 1, static_cast<size_t>(texto.size()), stdout);
             std::fflush(stdout);

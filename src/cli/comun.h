@@ -27,14 +27,16 @@ OpcionesCli leerOpciones(const QStringList& argumentos, int posicionales, const 
 
 // Fixes today, reads the settings file when needed, sets the folders of G() (with --base, the
 // database's folder: gsPathSys = folder + "/", RPT/ and TMP/ created when missing), the user,
-// and opens the database. A database that can't be opened throws ErrorEntrada.
+// and opens the database. A database that is missing, locked, read-only or not the family's
+// throws ErrorVB 3051.
 void prepararEntorno(const OpcionesCli& opciones);
 
 // Reads a whole input file; a missing or unreadable file throws ErrorEntrada.
 QByteArray leerArchivo(const QString& archivo);
 
 // Runs a command's body: ErrorEntrada prints its line on standard error and gives 2, a
-// run-time error of the rules gives 1 with its text.
+// database out of reach (ErrorVB 3051) gives 3 with its text, any other run-time error of the
+// rules gives 1 with its text.
 int ejecutarComando(const std::function<int()>& cuerpo);
 
 // The frame of the commands that type a declaration (ENTRADA.json as their one positional

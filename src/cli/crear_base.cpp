@@ -1,5 +1,6 @@
 // f931 crear-base ARCHIVO: a new shared database with the schema, the catalogue and the demo
-// users and taxpayers. Never overwrites a file.
+// users and taxpayers. Never overwrites a file (exit 2). ARCHIVO appears only when whole: a run
+// killed at any point leaves the finished database or nothing.
 #include "basic/errores.h"
 #include "cli/comandos.h"
 #include "store/crear.h"

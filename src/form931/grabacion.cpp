@@ -2,7 +2,8 @@
 //
 // A save writes the header, empties the declaration's DET rows and writes one row for each
 // filled box and answer, all in one transaction: a failure on the way leaves the stored
-// declaration as it was and shows the engine's text, the form keeps its work unsaved.
+// declaration as it was and shows the engine's text, the form keeps its work unsaved. A new
+// declaration is checked not to exist yet inside that same transaction, under the write lock.
 #include "form931/frm931.h"
 #include "form931/textos.h"
 
@@ -344,14 +345,21 @@ void Frm931::CmdGrabar_Click()
             rehusa(Texto::SistemaPago);
             return;
         }
-        // The taxpayer; a new declaration must not repeat a stored one.
+        // The taxpayer; a new declaration must not repeat a stored one. This early look spares
+        // the user the later checks; the one that counts runs again under the write lock.
         const QString sRuc = miModo == 1 ? msRuc : Trim(Left(CmbRuc.Text(), 11));
-        if (miModo == 0 && OptInicio.b.value(0).Enabled
-            && escalar(QStringLiteral("SELECT 1 FROM CAB") + kCadenaTrabajo, {sRuc, sPeriodo, g.gsFormulario}).isValid()) {
+        const bool primeraVez = miModo == 0 && OptInicio.b.value(0).Enabled;
+        auto yaExiste = [&] {
+            return escalar(QStringLiteral("SELECT 1 FROM CAB") + kCadenaTrabajo, {sRuc, sPeriodo, g.gsFormulario}).isValid();
+        };
+        auto rehusaExistente = [&] {
             aPagina(0);
             rehusa(QStringLiteral("La declaración que desea registrar ya existe ") + sRuc + QStringLiteral(". ")
                    + QStringLiteral("Elija la opción modificar declaración o elija otro contribuyente."));
             darFoco(QStringLiteral("CmbRuc"));
+        };
+        if (primeraVez && yaExiste()) {
+            rehusaExistente();
             return;
         }
         // A sent declaration only takes its order number.
@@ -415,8 +423,14 @@ void Frm931::CmdGrabar_Click()
         ValidaCompleto(bConsistente);
         g.giEstadoGrabado = bConsistente ? 1 : 3;
 
-        {
+        struct Existente {};
+        try {
             Transaccion transaccion;
+            // The write lock is held from here to the commit: when another program or window
+            // stored the same new declaration since the look above, this save is the second one
+            // and is refused, with nothing of it kept.
+            if (primeraVez && yaExiste())
+                throw Existente{};
             // The header.
             grabarCabecera(*this, sRuc, sPeriodo, bConsistente ? 0 : 9);
             // The rows are replaced as a whole.
@@ -440,6 +454,11 @@ void Frm931::CmdGrabar_Click()
             if (perdida.isEmpty() || perdida == QLatin1String("0"))
                 ejecutar(QStringLiteral("DELETE FROM F0931_PTCEA") + kCadenaTrabajo, {sRuc, sPeriodo, g.gsFormulario});
             transaccion.commit();
+        } catch (const Existente&) {
+            // Rolled back; the message comes once the lock is released.
+            g.giEstadoGrabado = estadoAntes;
+            rehusaExistente();
+            return;
         }
 
         // A new declaration, once saved, goes on as a stored one.

@@ -3,19 +3,37 @@
 #include "basic/errores.h"
 #include "shell/globales.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QUrl>
+
+#include <sqlite3.h>
 
 namespace {
 
 const QString kConexion = QStringLiteral("gdbBase");
+const QString kSonda = QStringLiteral("gdbBase_sonda");
 const QString kDriver = QStringLiteral("QSQLITE");
 
 // Open transactions of the process' connection: only the outermost one talks to the engine.
 int gProfundidad = 0;
 // An inner Transaccion left without commit() dooms the outer one.
 bool gCondenada = false;
+// The file of the open connection, for the messages, and the last unavailability found on it.
+QString gArchivo;
+QString gNoDisponible;
+
+// Primary result codes of the engine that mean "the database can't be reached now".
+enum : int {
+    kSqliteBusy = 5,
+    kSqliteLocked = 6,
+    kSqliteReadOnly = 8,
+    kSqliteCantOpen = 14,
+    kSqliteNotADb = 26,
+};
 
 QString textoError(const QSqlError& e)
 {
@@ -23,6 +41,76 @@ QString textoError(const QSqlError& e)
     if (t.isEmpty())
         t = e.text().trimmed();
     return t;
+}
+
+int codigoMotor(const QSqlError& e)
+{
+    bool ok = false;
+    const int codigo = e.nativeErrorCode().toInt(&ok);
+    return ok ? (codigo & 0xff) : -1;
+}
+
+QString nativa(const QString& archivo)
+{
+    return QDir::toNativeSeparators(archivo);
+}
+
+QString textoBloqueada(const QString& archivo)
+{
+    return QStringLiteral("La base de datos %1 está bloqueada por otro programa (se esperó %2 segundos). "
+                          "Cierre el programa que la usa o vuelva a intentarlo en unos momentos.")
+        .arg(nativa(archivo))
+        .arg(kEsperaBloqueoMs / 1000);
+}
+
+QString textoSoloLectura(const QString& archivo)
+{
+    return QStringLiteral("La base de datos %1 es de solo lectura. Pida permiso de escritura sobre el archivo "
+                          "y su carpeta, o trabaje con una copia que pueda modificar.")
+        .arg(nativa(archivo));
+}
+
+QString textoNoEsBase(const QString& archivo)
+{
+    return QStringLiteral("El archivo %1 no es una base de datos del Programa Qualvia. No se modificó el archivo; "
+                          "indique la base de datos de la familia.")
+        .arg(nativa(archivo));
+}
+
+ErrorVB noDisponible(const QString& texto)
+{
+    gNoDisponible = texto;
+    return ErrorVB(kErrBaseBloqueada, texto);
+}
+
+// The error of a failed statement: the database that can't be reached is 3051 with a Spanish
+// text, anything else the engine's text.
+ErrorVB errorDe(const QSqlError& e)
+{
+    switch (codigoMotor(e)) {
+    case kSqliteBusy:
+    case kSqliteLocked:
+        return noDisponible(textoBloqueada(gArchivo));
+    case kSqliteReadOnly:
+        return noDisponible(textoSoloLectura(gArchivo));
+    case kSqliteCantOpen:
+    case kSqliteNotADb:
+        return noDisponible(QStringLiteral("No se puede leer la base de datos %1. Verifique que el archivo siga en su "
+                                           "carpeta y que sea la base de datos de la familia.")
+                                .arg(nativa(gArchivo)));
+    default:
+        return errorBaseDatos(textoError(e));
+    }
+}
+
+// True when the engine opened the file read-only (the process may not write it).
+bool soloLectura(const QSqlDatabase& db)
+{
+    const QVariant manija = db.driver()->handle();
+    if (!manija.isValid() || qstrcmp(manija.typeName(), "sqlite3*") != 0)
+        return false;
+    sqlite3* motor = *static_cast<sqlite3* const*>(manija.constData());
+    return motor && sqlite3_db_readonly(motor, "main") == 1;
 }
 
 QSqlDatabase conexionAbierta()
@@ -37,51 +125,130 @@ void ejecutarDirecto(QSqlDatabase& db, const QString& sql)
 {
     QSqlQuery q(db);
     if (!q.exec(sql))
-        throw errorBaseDatos(textoError(q.lastError()));
+        throw errorDe(q.lastError());
 }
 
-ErrorVB errorBloqueo(const QString& texto)
+QString uriDe(const QFileInfo& info, const char* modo)
 {
-    return ErrorVB(kErrBaseBloqueada, texto);
+    // A URI with a mode never creates the file.
+    return QUrl::fromLocalFile(info.absoluteFilePath()).toString(QUrl::FullyEncoded) + QStringLiteral("?mode=")
+           + QLatin1String(modo);
+}
+
+void soltar(const QString& conexion)
+{
+    {
+        QSqlDatabase db = QSqlDatabase::database(conexion, false);
+        if (db.isOpen())
+            db.close();
+    }
+    QSqlDatabase::removeDatabase(conexion);
+}
+
+// The read-only look that comes before anything is written: the file must be a database with
+// the module's tables. Throws the unavailability found.
+void sondear(const QFileInfo& info, const QString& archivo)
+{
+    // The file's own first bytes tell a database from anything else without the engine, which
+    // would take an empty file for an empty database.
+    QByteArray cabecera;
+    {
+        QFile f(info.absoluteFilePath());
+        if (f.open(QIODevice::ReadOnly))
+            cabecera = f.read(100);
+    }
+    if (cabecera.size() < 100 || !cabecera.startsWith(QByteArrayLiteral("SQLite format 3\0")))
+        throw noDisponible(textoNoEsBase(archivo));
+    // A database in WAL mode that no one has open (no -wal beside it) is read as it lies: even
+    // read-only, the engine would leave its -wal and -shm files beside another program's file.
+    const bool enReposo = cabecera.at(18) == 2 && !QFileInfo::exists(info.absoluteFilePath() + QStringLiteral("-wal"));
+
+    QString fallo;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(kDriver, kSonda);
+        db.setDatabaseName(uriDe(info, enReposo ? "ro&immutable=1" : "ro"));
+        db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_OPEN_READONLY;QSQLITE_BUSY_TIMEOUT=%1")
+                                 .arg(kEsperaBloqueoMs));
+        if (!db.open()) {
+            fallo = codigoMotor(db.lastError()) == kSqliteBusy ? textoBloqueada(archivo) : textoNoEsBase(archivo);
+        } else {
+            QSqlQuery q(db);
+            if (!q.exec(QStringLiteral("SELECT name FROM sqlite_master WHERE type='table'"))) {
+                const int codigo = codigoMotor(q.lastError());
+                fallo = codigo == kSqliteBusy || codigo == kSqliteLocked ? textoBloqueada(archivo) : textoNoEsBase(archivo);
+            } else {
+                QStringList tablas;
+                while (q.next())
+                    tablas << q.value(0).toString().toUpper();
+                for (const QString& t : tablasDelModulo())
+                    if (!tablas.contains(t))
+                        fallo = textoNoEsBase(archivo);
+            }
+        }
+    }
+    soltar(kSonda);
+    if (!fallo.isEmpty())
+        throw noDisponible(fallo);
 }
 
 }  // namespace
 
+const QStringList& tablasDelModulo()
+{
+    static const QStringList tablas = {
+        QStringLiteral("CAB"),   QStringLiteral("DET"),   QStringLiteral("ACTA"),   QStringLiteral("F0931_PTCEA"),
+        QStringLiteral("HCAB"),  QStringLiteral("HDET"),  QStringLiteral("HACTA"),  QStringLiteral("HF0931_PTCEA"),
+        QStringLiteral("CONT"),  QStringLiteral("CLAVES"), QStringLiteral("PARAM"), QStringLiteral("ERROR"),
+        QStringLiteral("SPOOL")};
+    return tablas;
+}
+
+QString baseNoDisponible()
+{
+    return gNoDisponible;
+}
+
 void abrirBase(const QString& archivo)
 {
     cerrarBase();
+    gNoDisponible.clear();
     const QFileInfo info(archivo);
     if (!info.exists() || !info.isFile())
-        throw errorBloqueo(QStringLiteral("No se encuentra el archivo de base de datos '%1'.").arg(archivo));
+        throw noDisponible(QStringLiteral("No se encuentra la base de datos %1. Verifique la carpeta y el nombre del "
+                                          "archivo.")
+                               .arg(nativa(archivo)));
     if (!info.isReadable())
-        throw errorBloqueo(QStringLiteral("No se puede leer el archivo de base de datos '%1'.").arg(archivo));
+        throw noDisponible(QStringLiteral("No se puede leer la base de datos %1. Pida permiso de lectura y escritura "
+                                          "sobre el archivo.")
+                               .arg(nativa(archivo)));
+    sondear(info, archivo);
 
+    QString fallo;
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(kDriver, kConexion);
-        // A URI with mode=rw opens read-write and never creates the file.
-        QUrl uri = QUrl::fromLocalFile(info.absoluteFilePath());
-        db.setDatabaseName(uri.toString(QUrl::FullyEncoded) + QStringLiteral("?mode=rw"));
-        db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=5000"));
-        bool bien = db.open();
-        QString fallo = bien ? QString() : textoError(db.lastError());
-        if (bien) {
+        db.setDatabaseName(uriDe(info, "rw"));
+        db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1").arg(kEsperaBloqueoMs));
+        if (!db.open()) {
+            fallo = codigoMotor(db.lastError()) == kSqliteBusy ? textoBloqueada(archivo) : textoNoEsBase(archivo);
+        } else {
+            // A file the process may not write opens read-only without a word: it is asked.
             QSqlQuery q(db);
-            // The first read tells a database from any other file, and waits out a lock.
-            bien = q.exec(QStringLiteral("SELECT count(*) FROM sqlite_master")) && q.next()
-                   && q.exec(QStringLiteral("PRAGMA busy_timeout = 5000"))
-                   && q.exec(QStringLiteral("PRAGMA foreign_keys = OFF"));
-            if (!bien)
-                fallo = textoError(q.lastError());
-            else if (q.exec(QStringLiteral("PRAGMA journal_mode = WAL")))
+            if (soloLectura(db)) {
+                fallo = textoSoloLectura(archivo);
+            } else if (!q.exec(QStringLiteral("PRAGMA busy_timeout = %1").arg(kEsperaBloqueoMs))
+                       || !q.exec(QStringLiteral("PRAGMA foreign_keys = OFF"))) {
+                gArchivo = archivo;
+                fallo = errorDe(q.lastError()).descripcion;
+            } else if (q.exec(QStringLiteral("PRAGMA journal_mode = WAL"))) {
                 q.finish();   // a medium without shared memory keeps its journal: not fatal
-        }
-        if (!bien) {
-            db.close();
-            db = QSqlDatabase();
-            QSqlDatabase::removeDatabase(kConexion);
-            throw errorBloqueo(fallo.isEmpty() ? QStringLiteral("Base de datos no accesible") : fallo);
+            }
         }
     }
+    if (!fallo.isEmpty()) {
+        soltar(kConexion);
+        throw noDisponible(fallo);
+    }
+    gArchivo = archivo;
     G().gdbBase = kConexion;
     gProfundidad = 0;
     gCondenada = false;
@@ -117,11 +284,11 @@ QSqlQuery ejecutar(const QString& sql, const QVariantList& valores)
     QSqlDatabase db = conexionAbierta();
     QSqlQuery q(db);
     if (!q.prepare(sql))
-        throw errorBaseDatos(textoError(q.lastError()));
+        throw errorDe(q.lastError());
     for (const QVariant& v : valores)
         q.addBindValue(v);
     if (!q.exec())
-        throw errorBaseDatos(textoError(q.lastError()));
+        throw errorDe(q.lastError());
     return q;
 }
 
@@ -181,9 +348,9 @@ void Transaccion::commit()
     }
     QSqlQuery q(db);
     if (!q.exec(QStringLiteral("COMMIT"))) {
-        const QString texto = textoError(q.lastError());
+        const ErrorVB error = errorDe(q.lastError());
         QSqlQuery r(db);
         r.exec(QStringLiteral("ROLLBACK"));
-        throw errorBaseDatos(texto);
+        throw error;
     }
 }

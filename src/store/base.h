@@ -5,17 +5,36 @@
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <QVariantList>
 
 // Opens the file as the one shared connection (busy timeout, WAL, foreign keys off) and keeps
-// its name in G().gdbBase. A file that is missing, locked or not a database throws ErrorVB
-// 3051 ("Base esta bloqueda" path of the start-up) or another number with the engine's text.
+// its name in G().gdbBase. Before anything can be written, a read-only look tells a database of
+// this module (the tables of the family that it reads and writes) from any other file, so a
+// file that is refused is left byte for byte as it was. A file that is missing, unreadable, not
+// a database, a database of another program, read-only, or locked beyond the wait throws
+// ErrorVB 3051 (the "Base esta bloqueda" path of the start-up) with a Spanish text that names
+// the file and says what to do.
 void abrirBase(const QString& archivo);
 void cerrarBase();
 QSqlDatabase gdbBase();
 
-// Prepares, binds the values in order and runs; throws ErrorVB on failure.
+// How long a statement waits for another program's lock before the database counts as
+// unavailable.
+inline constexpr int kEsperaBloqueoMs = 5000;
+
+// Tables a database must have to be taken as the family's shared database.
+const QStringList& tablasDelModulo();
+
+// The text of the last time the open database was found unavailable (locked beyond the wait,
+// read-only, gone), empty when it never was since it was opened. A handler that shows errors
+// and goes on (the save of the form) leaves it here for a caller that must tell "database
+// unavailable" from a refusal of the rules.
+QString baseNoDisponible();
+
+// Prepares, binds the values in order and runs; throws ErrorVB on failure: 3051 when the
+// database is unavailable (locked beyond the wait, read-only), else 3146 with the engine's text.
 QSqlQuery ejecutar(const QString& sql, const QVariantList& valores = {});
 // First column of the first row, or an invalid QVariant when there is no row.
 QVariant escalar(const QString& sql, const QVariantList& valores = {});

@@ -1,13 +1,13 @@
 #include "store/crear.h"
 
 #include "basic/errores.h"
+#include "store/archivo_nuevo.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSqlError>
 #include <QSqlQuery>
-#include <QTemporaryFile>
 
 namespace {
 
@@ -227,15 +227,12 @@ void crearBaseDatos(const QString& archivo, bool conDemo)
     if (!QFileInfo(carpeta).isDir())
         throw ErrorVB(kErrRutaNoEncontrada, QStringLiteral("No existe la carpeta '%1'.").arg(carpeta));
 
-    QTemporaryFile temporal(carpeta + QStringLiteral("/.") + info.fileName() + QStringLiteral(".XXXXXX"));
-    if (!temporal.open())
-        throw ErrorVB(kErrAccesoRuta, QStringLiteral("No se puede escribir en la carpeta '%1'.").arg(carpeta));
-    temporal.close();
-
+    // The database is built in memory and written out whole: the folder never sees a part of it.
     const QString conexion = QStringLiteral("crear_base_%1").arg(++gCreaciones);
+    QByteArray imagen;
     try {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), conexion);
-        db.setDatabaseName(temporal.fileName());
+        db.setDatabaseName(QStringLiteral(":memory:"));
         if (!db.open())
             throw ErrorVB(kErrAccesoRuta, QStringLiteral("No se puede crear la base de datos '%1': %2")
                                               .arg(archivo, textoError(db.lastError())));
@@ -251,21 +248,12 @@ void crearBaseDatos(const QString& archivo, bool conDemo)
         }
         if (!db.commit())
             throw errorBaseDatos(textoError(db.lastError()));
+        imagen = imagenEnMemoria(db);
         db.close();
     } catch (...) {
         QSqlDatabase::removeDatabase(conexion);
         throw;
     }
     QSqlDatabase::removeDatabase(conexion);
-
-    QFile::setPermissions(temporal.fileName(), QFileDevice::ReadOwner | QFileDevice::WriteOwner
-                                                   | QFileDevice::ReadGroup | QFileDevice::WriteGroup
-                                                   | QFileDevice::ReadOther);
-    if (!QFile::rename(temporal.fileName(), archivo)) {
-        if (QFileInfo::exists(archivo))
-            throw ErrorVB(kErrArchivoExiste,
-                          QStringLiteral("El archivo '%1' ya existe; no se sobrescribe.").arg(archivo));
-        throw ErrorVB(kErrAccesoRuta, QStringLiteral("No se puede escribir el archivo '%1'.").arg(archivo));
-    }
-    temporal.setAutoRemove(false);
+    publicarArchivo(imagen, archivo);
 }

@@ -7,8 +7,9 @@
 #include <QStringList>
 
 // Creates `archivo` with every table, the catalogue rows and (conDemo) the demo users and
-// taxpayers, all or nothing: the file is built under a temporary name in the same folder and
-// renamed at the end. Refuses an existing file (ErrorVB 58), a missing folder (76) and a
+// taxpayers, all or nothing: the database is built in memory and written as a new file that
+// takes its name only when whole (publicarArchivo), so a run killed at any point leaves the
+// finished file or nothing. Refuses an existing file (ErrorVB 58), a missing folder (76) and a
 // folder it can't write (75), each with a Spanish text that names the path.
 void crearBaseDatos(const QString& archivo, bool conDemo);
 

@@ -113,7 +113,7 @@ TEST_F(Arranque, AbreLaBaseYDejaSystemDbEnLaConfiguracion)
     EXPECT_EQ(G().gsUsuario, Demo::kUsuarioAdmin);
 }
 
-enum class Dano { Falta, Basura, Bloqueada };
+enum class Dano { Falta, Basura, Vacia, DeOtroPrograma, Bloqueada };
 
 struct CasoFallo {
     const char* nombre;
@@ -138,6 +138,18 @@ TEST_P(FalloDeConexion, DiceBaseBloqueadaSinIconoYNoAbre)
         f.write(QByteArray(8192, '\x5a'));
         break;
     }
+    case Dano::Vacia:
+        ASSERT_TRUE(QFile::resize(base, 0));
+        break;
+    case Dano::DeOtroPrograma: {
+        ASSERT_TRUE(QFile::remove(base));
+        QSqlDatabase otra = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), bloqueo);
+        otra.setDatabaseName(base);
+        ASSERT_TRUE(otra.open());
+        ASSERT_TRUE(QSqlQuery(otra).exec(QStringLiteral("CREATE TABLE CLIENTES (ID INTEGER)")));
+        otra.close();
+        break;
+    }
     case Dano::Bloqueada: {
         QSqlDatabase otra = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), bloqueo);
         otra.setDatabaseName(base);
@@ -149,6 +161,10 @@ TEST_P(FalloDeConexion, DiceBaseBloqueadaSinIconoYNoAbre)
     }
     }
 
+    QFile archivo(base);
+    const QByteArray antes = archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
+    archivo.close();
+
     EXPECT_FALSE(fAbrirBase());
 
     ASSERT_EQ(mensajes.mostrados.size(), 1);
@@ -159,6 +175,10 @@ TEST_P(FalloDeConexion, DiceBaseBloqueadaSinIconoYNoAbre)
     // The workgroup key is written before the open is tried.
     EXPECT_EQ(leerOpcion(QStringLiteral("SystemDB")), raiz() + QStringLiteral("QL000.MDW"));
 
+    // A file that is not the family's database is left as it was.
+    if (archivo.open(QIODevice::ReadOnly))
+        EXPECT_EQ(archivo.readAll(), antes);
+
     if (QSqlDatabase::contains(bloqueo)) {
         QSqlDatabase::database(bloqueo).close();
         QSqlDatabase::removeDatabase(bloqueo);
@@ -168,6 +188,8 @@ TEST_P(FalloDeConexion, DiceBaseBloqueadaSinIconoYNoAbre)
 INSTANTIATE_TEST_SUITE_P(Casos, FalloDeConexion,
                          ::testing::Values(CasoFallo{"archivo_ausente", Dano::Falta},
                                            CasoFallo{"archivo_que_no_es_base", Dano::Basura},
+                                           CasoFallo{"archivo_vacio", Dano::Vacia},
+                                           CasoFallo{"base_de_otro_programa", Dano::DeOtroPrograma},
                                            CasoFallo{"bloqueada_por_otro_proceso", Dano::Bloqueada}),
                          [](const auto& info) { return std::string(info.param.nombre); });
 
