@@ -100,6 +100,10 @@ TextoPagina leerPagina(const QString& html)
     TextoPagina p;
     p.texto = doc.toPlainText();
     for (QTextBlock b = doc.begin(); b.isValid(); b = b.next()) {
+        // A heading carries its anchor on the block; a word of the text, on its fragment.
+        for (const QString& a : b.charFormat().anchorNames())
+            if (!p.anclas.contains(a))
+                p.anclas.insert(a, b.position());
         for (auto it = b.begin(); !it.atEnd(); ++it) {
             const QTextFragment f = it.fragment();
             for (const QString& a : f.charFormat().anchorNames())
@@ -311,10 +315,13 @@ VentanaAyuda::VentanaAyuda(const QString& primera, QWidget* padre) : QDialog(pad
     connect(trvContenido, &QTreeWidget::currentItemChanged, this,
             [this](QTreeWidgetItem* actual) { elegido(actual); });
     connect(trvContenido, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) { elegido(item); });
-    connect(texto, &QTextBrowser::sourceChanged, this, [this] {
+    // A page reached by a link, the contents or the buttons: the contents follow it.
+    const auto seguir = [this] {
         marcarEnContenido();
         resaltar();
-    });
+    };
+    connect(texto, &QTextBrowser::sourceChanged, this, seguir);
+    connect(texto, &QTextBrowser::historyChanged, this, seguir);
     connect(texto, &QTextBrowser::backwardAvailable, cmdAtras, &QPushButton::setEnabled);
     connect(texto, &QTextBrowser::forwardAvailable, cmdAdelante, &QPushButton::setEnabled);
     connect(cmdAtras, &QPushButton::clicked, texto, &QTextBrowser::backward);
