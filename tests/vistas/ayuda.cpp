@@ -90,15 +90,16 @@ private slots:
         QTest::addColumn<QString>("palabras");
         QTest::addColumn<QStringList>("halladas");
         QTest::addColumn<QString>("aviso");
+        QTest::addColumn<QString>("marcada");   // a word marked in the first page found
         QTest::newRow("sin tilde ni mayúsculas") << "PAISES" << QStringList{"Menús y barra de herramientas", "Consultas"}
-                                                 << "2 páginas halladas.";
+                                                 << "2 páginas halladas." << "Paises";
         QTest::newRow("todas las palabras") << "numero Orden control"
                                             << QStringList{"Declaraciones enviadas y número de orden"}
-                                            << "1 página hallada.";
+                                            << "1 página hallada." << "número";
         QTest::newRow("una sección") << "ubigeo frontera"
                                      << QStringList{"La declaración", "Página «Identificación»", "Ubigeo"}
-                                     << "3 páginas halladas.";
-        QTest::newRow("ninguna") << "zzzz" << QStringList{} << "Ninguna página contiene esas palabras.";
+                                     << "3 páginas halladas." << "frontera";
+        QTest::newRow("ninguna") << "zzzz" << QStringList{} << "Ninguna página contiene esas palabras." << "";
     }
 
     void laBusquedaDejaLasPaginasConTodasLasPalabras()
@@ -106,6 +107,7 @@ private slots:
         QFETCH(QString, palabras);
         QFETCH(QStringList, halladas);
         QFETCH(QString, aviso);
+        QFETCH(QString, marcada);
         VentanaAyuda v{QString()};
         v.show();
         QTest::keyClicks(v.txtBuscar, palabras);
@@ -122,7 +124,10 @@ private slots:
         QTest::keyClick(v.txtBuscar, Qt::Key_Return);
         if (!halladas.isEmpty()) {
             QCOMPARE(v.trvContenido->currentItem()->text(0), halladas.first());
-            QVERIFY(!v.texto->extraSelections().isEmpty());
+            QStringList marcadas;
+            for (const QTextEdit::ExtraSelection& m : v.texto->extraSelections())
+                marcadas << m.cursor.selectedText();
+            QVERIFY2(marcadas.contains(marcada), qPrintable(marcadas.join(QLatin1Char(','))));
         }
         // An empty box gives the whole contents back.
         v.txtBuscar->selectAll();

@@ -431,13 +431,26 @@ void VentanaAyuda::marcarEnContenido()
     }
 }
 
+// A word as a pattern that also takes its accented letters: "numero" marks "número".
+static QRegularExpression patronDe(const QString& palabra)
+{
+    static const QHash<QChar, QString> variantes = {
+        {u'a', QStringLiteral("[aáà]")}, {u'e', QStringLiteral("[eéè]")}, {u'i', QStringLiteral("[iíì]")},
+        {u'o', QStringLiteral("[oóò]")}, {u'u', QStringLiteral("[uúùü]")}, {u'n', QStringLiteral("[nñ]")}};
+    QString patron;
+    for (QChar c : plegar(palabra))
+        patron += variantes.value(c, QRegularExpression::escape(QString(c)));
+    return QRegularExpression(patron, QRegularExpression::CaseInsensitiveOption);
+}
+
 void VentanaAyuda::resaltar()
 {
     QList<QTextEdit::ExtraSelection> marcas;
     QTextCursor primera;
     for (const QString& p : std::as_const(palabras_)) {
+        const QRegularExpression patron = patronDe(p);
         QTextCursor c(texto->document());
-        while (!(c = texto->document()->find(p, c)).isNull()) {
+        while (!(c = texto->document()->find(patron, c)).isNull()) {
             QTextEdit::ExtraSelection s;
             s.cursor = c;
             s.format.setBackground(QColor(0xff, 0xe0, 0x66));
