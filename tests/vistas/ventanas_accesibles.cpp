@@ -194,6 +194,7 @@ private slots:
             anotar(frm, QStringLiteral("TxtValor(500)"));
             anotar(frm, QStringLiteral("CmdGrabar"));
             anotar(frm, QStringLiteral("CmbRuc"));
+            anotar(frm, QStringLiteral("grdPerdidaTributaria"));
             // Identified as a user does, the statements can come to the front.
             auto* vista = qobject_cast<Frm931Vista*>(frm);
             QVERIFY(vista);
@@ -238,7 +239,7 @@ private slots:
         });
         abrirYMirar([] { abrirFrmConsFac(); });
         G().giOpcion = 1;
-        abrirYMirar([] { abrirFrmConsultas(); });
+        abrirYMirar([] { abrirFrmConsultas(); }, [this](QWidget* w) { anotar(w, QStringLiteral("grdBancos")); });
         abrirYMirar([] { abrirFrmConsTasas(); });
         abrirYMirar([] { abrirFrmAcercade(); });
     }
@@ -260,6 +261,10 @@ private slots:
                  qPrintable(nombres.value("Frm931/TxtValor(500)")));
         QCOMPARE(nombres.value("Frm931/CmdGrabar"), QStringLiteral("Grabar"));
         QCOMPARE(nombres.value("MDIFrm/Nueva"), QStringLiteral("Nueva"));
+        // A grid without a label of its own: its tab's caption, else its window's title.
+        QCOMPARE(nombres.value("Frm931/grdPerdidaTributaria"),
+                 QStringLiteral("Pérdida tributaria compensable de ejercicios anteriores"));
+        QCOMPARE(nombres.value("FrmConsultas/grdBancos"), QStringLiteral("Bancos"));
         QCOMPARE(nombres.value("FrmContAbrir/grdContrib"),
                  QStringLiteral("Seleccione la Declaración que desea modificar"));
         QVERIFY2(!nombres.value("Frm931/CmbRuc").isEmpty() && nombres.value("Frm931/CmbRuc") != "CmbRuc",

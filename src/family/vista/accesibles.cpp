@@ -19,6 +19,7 @@
 #include <QPointer>
 #include <QRegularExpression>
 #include <QTabBar>
+#include <QTabWidget>
 #include <QTextDocumentFragment>
 #include <QTextEdit>
 #include <QToolButton>
@@ -144,11 +145,37 @@ QString etiquetaVecina(const QWidget* w)
     return {};
 }
 
+// The label that stands just left of `w` on the screen, with no other control between them.
+QString etiquetaALaIzquierda(const QWidget* w)
+{
+    const QWidget* ventana = w->window();
+    if (w == ventana || !w->isVisibleTo(ventana))
+        return {};
+    const QRect r(w->mapTo(ventana, QPoint(0, 0)), w->size());
+    const QWidget* cercano = nullptr;
+    int distancia = 300;   // pixels: farther than this, a label names something else
+    for (const QWidget* o : ventana->findChildren<QWidget*>()) {
+        if (o == w || o->window() != ventana || !(qobject_cast<const QLabel*>(o) || esControl(o)) ||
+            o->isAncestorOf(w) || w->isAncestorOf(o) || !o->isVisibleTo(ventana))
+            continue;
+        const QRect q(o->mapTo(ventana, QPoint(0, 0)), o->size());
+        if (r.center().y() < q.top() || r.center().y() > q.bottom() || q.right() > r.left() + 2)
+            continue;
+        if (r.left() - q.right() < distancia) {
+            distancia = r.left() - q.right();
+            cercano = o;
+        }
+    }
+    return cercano ? textoDeEtiqueta(cercano) : QString();
+}
+
 QString etiquetaDe(const QWidget* w)
 {
     QString t = etiquetaCompanera(w);
     if (t.isEmpty())
         t = etiquetaVecina(w);
+    if (t.isEmpty())
+        t = etiquetaALaIzquierda(w);
     return t;
 }
 
@@ -172,6 +199,13 @@ QString nombreDeParte(const QWidget* w)
         return QStringLiteral("Seleccionar todo");
     if (w->objectName() == QLatin1String("qt_toolbar_ext_button"))
         return QStringLiteral("Más botones");
+    if (w->objectName() == QLatin1String("qt_menubar_ext_button"))
+        return QStringLiteral("Más menús");
+    if (qobject_cast<const QTabBar*>(w))
+        return QStringLiteral("Pestañas");
+    if (const auto* barra = qobject_cast<const QAbstractSlider*>(w))
+        return barra->orientation() == Qt::Vertical ? QStringLiteral("Desplazamiento vertical")
+                                                    : QStringLiteral("Desplazamiento horizontal");
     // Up to the window that holds `w`; a combo's list pops up in a window of its own.
     for (const QWidget* p = w->parentWidget(); p; p = p->parentWidget()) {
         if (qobject_cast<const QComboBox*>(p) || qobject_cast<const QAbstractSpinBox*>(p))
@@ -188,6 +222,18 @@ QString tituloDelMarco(const QWidget* w)
         if (const auto* marco = qobject_cast<const QGroupBox*>(p))
             return legible(marco->title());
     return {};
+}
+
+// The caption of the tab whose page holds `w`, else the window's title.
+QString tituloDeLaPagina(const QWidget* w)
+{
+    for (const QWidget* p = w->parentWidget(); p && !p->isWindow(); p = p->parentWidget()) {
+        const QWidget* pila = p->parentWidget();
+        const auto* pestanas = pila ? qobject_cast<const QTabWidget*>(pila->parentWidget()) : nullptr;
+        if (pestanas && pestanas->indexOf(const_cast<QWidget*>(p)) >= 0)
+            return legible(pestanas->tabText(pestanas->indexOf(const_cast<QWidget*>(p))));
+    }
+    return legible(w->window()->windowTitle());
 }
 
 QString nombrePorObjeto(const QWidget* w)
@@ -267,9 +313,13 @@ QString nombreAccesibleSugerido(const QWidget* w)
     }
     if (!etiqueta.isEmpty())
         return etiqueta;
+    nombre = tituloDelMarco(w);
+    if (!nombre.isEmpty())
+        return nombre;
+    // A grid or a text is the content of its page or window.
     if (qobject_cast<const QAbstractItemView*>(w) || qobject_cast<const QTextEdit*>(w) ||
         qobject_cast<const QPlainTextEdit*>(w)) {
-        nombre = tituloDelMarco(w);
+        nombre = tituloDeLaPagina(w);
         if (!nombre.isEmpty())
             return nombre;
     }

@@ -6,7 +6,9 @@
 //   button            its caption without the '&' ("&Grabar" -> "Grabar"), else its tip
 //   casilla box       "Casilla N" and the label beside it ("Casilla 610 NUEVO COEFICIENTE ...")
 //   box, list, grid   the label that names it (buddy, form label, the label before it in its
-//                     layout), else its frame's title, its tip, or its object name
+//                     layout, the label just left of it on the screen), else its frame's title;
+//                     a grid or a text also its tab's caption or the window's title; else its
+//                     tip or its object name
 //   inner parts       (a combo's edit line, a grid's headers) from the control that holds them
 #include <QString>
 
