@@ -99,6 +99,9 @@ private slots:
         QTest::newRow("una sección") << "ubigeo frontera"
                                      << QStringList{"La declaración", "Página «Identificación»", "Ubigeo"}
                                      << "3 páginas halladas." << "frontera";
+        QTest::newRow("los enlaces son de su destino") << "ubigeo"
+                                                       << QStringList{"La declaración", "Página «Identificación»", "Ubigeo"}
+                                                       << "3 páginas halladas." << "ubigeo";
         QTest::newRow("ninguna") << "zzzz" << QStringList{} << "Ninguna página contiene esas palabras." << "";
     }
 
@@ -198,17 +201,6 @@ private slots:
         mostrarAyuda(QString(), QStringLiteral("257"), &otro);
         QCOMPARE(otro.findChild<VentanaAyuda*>(QStringLiteral("CMDlgHlp")), v);
         QVERIFY(v->isVisible());
-        v->close();
-    }
-
-    void f1EnLaAyudaNoAbreOtra()
-    {
-        QWidget padre;
-        VentanaAyuda* v = mostrarAyudaEn(QStringLiteral("teclado.html"), &padre);
-        instalarTeclaAyuda();
-        QTest::keyClick(v->txtBuscar, Qt::Key_F1);
-        QCOMPARE(v->destino(), QStringLiteral("teclado.html"));
-        QCOMPARE(padre.findChildren<VentanaAyuda*>().size(), 1);
         v->close();
     }
 };

@@ -109,6 +109,9 @@ TextoPagina leerPagina(const QString& html)
             for (const QString& a : f.charFormat().anchorNames())
                 if (!p.anclas.contains(a))
                     p.anclas.insert(a, f.position());
+            // A link names another page: its words are that page's, not this one's.
+            if (!f.charFormat().anchorHref().isEmpty())
+                p.texto.replace(f.position(), f.length(), QString(f.length(), QLatin1Char(' ')));
         }
     }
     return p;
