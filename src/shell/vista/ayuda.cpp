@@ -249,6 +249,7 @@ VentanaAyuda::VentanaAyuda(const QString& primera, QWidget* padre) : QDialog(pad
     trvContenido->setObjectName(QStringLiteral("trvContenido"));
     trvContenido->setHeaderHidden(true);
     trvContenido->setColumnCount(1);
+    trvContenido->setAccessibleName(QStringLiteral("Contenido"));
     QList<QTreeWidgetItem*> padres;
     QHash<QString, TextoPagina> paginas;
     for (const EntradaAyuda& e : std::as_const(contenido_)) {
@@ -273,6 +274,7 @@ VentanaAyuda::VentanaAyuda(const QString& primera, QWidget* padre) : QDialog(pad
 
     texto = new NavegadorAyuda(primera, this);
     texto->setObjectName(QStringLiteral("texto"));
+    texto->setAccessibleName(QStringLiteral("Página de ayuda"));
     texto->setOpenExternalLinks(false);
     texto->setSearchPaths({carpeta});
 
