@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the module needs, only those that are missing.
 set -euo pipefail
+# For the Debian package: dpkg-shlibdeps, and the check of its desktop entry.
+paquetes_paquete=(dpkg-dev desktop-file-utils)
 paquetes=(build-essential cmake ninja-build ccache qt6-base-dev libqt6sql6-sqlite libsqlite3-dev
           libgtest-dev libx11-dev fonts-liberation qt6-translations-l10n xvfb xauth xdotool imagemagick
           poppler-utils)
 faltan=()
-for p in "${paquetes[@]}"; do
+for p in "${paquetes[@]}" "${paquetes_paquete[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || faltan+=("$p")
 done
 if [ ${#faltan[@]} -gt 0 ]; then

@@ -16,6 +16,7 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "family/vista/accesibles.h"
 #include "family/vista/barraestado.h"
 #include "shell/arranque.h"
 #include "shell/comandos.h"
@@ -127,6 +128,9 @@ MDIFrm::MDIFrm(QWidget* padre) : QMainWindow(padre)
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowCloseButtonHint);
     setMouseTracking(true);
+    // F1 and the accessible names reach every window of the module from here.
+    instalarTeclaAyuda();
+    instalarNombresAccesibles();
 
     crearMenus();
     crearBarra();
