@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 #include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 #include <QTimer>
 #include <QWidget>
@@ -55,12 +56,21 @@ private:
                 w->close();
             return;
         }
-        if (!w || !w->isVisible() || w->objectName() != pasos_.first().ventana)
+        if (!w || !w->isVisible() || w->objectName() != pasos_.first().ventana) {
+            if (qEnvironmentVariableIsSet("CONDUCTOR_TRAZA") && w)
+                qDebug() << "esperando" << pasos_.first().ventana << "sobre" << w->objectName() << w->isVisible();
             return;
+        }
         const Paso p = pasos_.takeFirst();
         visitadas << p.ventana;
         desde_.restart();
-        p.accion(w);
+        // Run from a timer of its own: a step that opens a window waits in that window's loop,
+        // and a timer doesn't fire again while its own handler runs.
+        QPointer<QWidget> ventana(w);
+        QTimer::singleShot(0, this, [p, ventana] {
+            if (ventana)
+                p.accion(ventana);
+        });
     }
 
     QList<Paso> pasos_;

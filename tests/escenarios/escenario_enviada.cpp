@@ -31,7 +31,7 @@ using namespace prueba931;
 
 namespace {
 
-const QString kPeriodo = QStringLiteral("202608");
+const QString kPeriodo = QStringLiteral("202605");   // balance at 30 April
 const QString kControl = QStringLiteral("0012345678");
 const QDate kEnvio(2026, 11, 21);
 
@@ -40,13 +40,22 @@ QTableWidget* grilla(QWidget* w)
     return w->findChild<QTableWidget*>(QStringLiteral("grdContrib"));
 }
 
+// The keys of a window reach its shortcuts when it is the active one.
+void teclaAlt(QWidget* v, Qt::Key tecla)
+{
+    v->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(v));
+    QTest::keyClick(v, tecla, Qt::AltModifier);
+}
+
 QLineEdit* caja(QWidget* w, const QString& nombre)
 {
     return qobject_cast<QLineEdit*>(qobject_cast<Frm931Vista*>(w)->control(nombre));
 }
 
 // What the sending module does with a stored declaration: its rows go to the history tables
-// under a correlative, with the date of sending and the control number, each with its code,
+// under a correlative, marked sent (ESTADO 1), with the date of sending and the control
+// number, each with its code,
 // and leave the working tables.
 void enviar(const QString& correl)
 {
@@ -54,7 +63,7 @@ void enviar(const QString& correl)
     const QVariantList clave{DatosDemo::kRucAndina, kPeriodo};
     ejecutar(QStringLiteral(
                  "INSERT INTO HCAB (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, SEMANA, CORREL, FEC_PRO, ESTADO, RECTIFICA,"
-                 " FEC_ENV, CONTROL) SELECT TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, SEMANA, ?, FEC_PRO, ESTADO, RECTIFICA,"
+                 " FEC_ENV, CONTROL) SELECT TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, SEMANA, ?, FEC_PRO, 1, RECTIFICA,"
                  " ?, ? FROM CAB WHERE DOC_ID_D=? AND PERIODO=?"),
              QVariantList{correl, kEnvio.toString(Qt::ISODate), kControl} + clave);
     ejecutar(QStringLiteral("INSERT INTO HDET (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, SEMANA, CORREL, CASILLA, I_VALOR,"
@@ -97,16 +106,18 @@ private slots:
 
     void deLaBaseAlNumeroDeOrdenYAlPapel()
     {
-        // A declaration stored earlier, with a Lima telephone.
+        // A consistent declaration stored earlier, with a Lima telephone.
         {
-            EntradaDeclaracion e = declaracionDeRegimen(QStringLiteral("4"));
+            EntradaDeclaracion e = declaracionConsistente();
             e.casillas.insert(QStringLiteral("028"), QStringLiteral("014451234"));
             EntornoSinPantalla entorno;
             Frm931 f(&entorno);
             reproducirEntrada(f, entorno, e);
             f.CmdGrabar_Click();
             QVERIFY(!f.mbModificado);
+            QCOMPARE(escalar(QStringLiteral("SELECT ESTADO FROM CAB")).toInt(), 0);
         }
+        respondedor().mostrados.clear();
         MDIFrm w;
         w.show();
         QVERIFY(QTest::qWaitForWindowExposed(&w));
@@ -125,18 +136,18 @@ private slots:
         });
         c.luego(QStringLiteral("FrmContAbrir"), [&](QWidget* v) {
             periodoBarra = panel("PanelPeriodo");
-            QTest::keyClick(v, Qt::Key_S, Qt::AltModifier);
+            teclaAlt(v, Qt::Key_S);
         });
         w.accion(QStringLiteral("mnuModificar"))->trigger();
-        QVERIFY2(c.terminado(), qPrintable(c.pendientes()));
+        QVERIFY2(c.terminado(), qPrintable(c.pendientes() + QLatin1Char(' ') + respondedor().textos().join(QLatin1Char('/'))));
         QCOMPARE(telefono, QStringLiteral("014451234"));
-        QCOMPARE(periodoBarra, QStringLiteral("2026/08"));
+        QCOMPARE(periodoBarra, QStringLiteral("2026/05"));
         QVERIFY2(respondedor().mostrados.isEmpty(), qPrintable(respondedor().textos().join(QLatin1Char('\n'))));
 
         enviar(QStringLiteral("1"));
 
         // "Registrar número de orden": the sent copy is listed with its date; the number and
-        // its check digits are typed; Alt+R registers it.
+        // its check digits are typed; "&Registrar Nro. Orden" registers it.
         const QString orden = QStringLiteral("2026123456");
         const QString digitos = DigitoVerificador(kControl, orden);
         QStringList fila, barra;
@@ -157,15 +168,15 @@ private slots:
             QTest::mouseClick(verifica, Qt::LeftButton);
             verifica->selectAll();
             QTest::keyClicks(verifica, digitos);
-            QTest::keyClick(v, Qt::Key_R, Qt::AltModifier);
+            QTest::mouseClick(qobject_cast<Frm931Vista*>(v)->control(QStringLiteral("CmdGrabar")), Qt::LeftButton);
         });
         QString ordenEnGrilla;
         c.luego(QStringLiteral("FrmContAbrirEnv"), [&](QWidget* v) {
             ordenEnGrilla = grilla(v)->item(0, 4)->text();
-            QTest::keyClick(v, Qt::Key_S, Qt::AltModifier);
+            teclaAlt(v, Qt::Key_S);
         });
         w.accion(QStringLiteral("mnuRegistrar"))->trigger();
-        QVERIFY2(c.terminado(), qPrintable(c.pendientes()));
+        QVERIFY2(c.terminado(), qPrintable(c.pendientes() + QLatin1Char(' ') + respondedor().textos().join(QLatin1Char('/'))));
         QCOMPARE(fila, (QStringList{DatosDemo::kRucAndina, DatosDemo::kNombreAndina, kPeriodo, QStringLiteral("0931"),
                                     QString(), QStringLiteral("21/11/2026"), kControl}));
         QCOMPARE(barra, (QStringList{DatosDemo::kRucAndina, kPeriodo}));
@@ -182,15 +193,15 @@ private slots:
         QCOMPARE(q.record().value(QStringLiteral("cNumero")).toString(), CodigoFila(columnas, 6));
 
         // The print selection of sent declarations: "&Preliminar" over the one sent, the whole
-        // range, the preview of its pages.
+        // range, the preview of its pages; then out of the range and of the selection.
         int paginas = 0;
         QString titulo;
         c.luego(QStringLiteral("frmImprimir"), [&](QWidget* v) {
             QCOMPARE(grilla(v)->rowCount(), 1);
-            QTest::keyClick(v, Qt::Key_P, Qt::AltModifier);
+            teclaAlt(v, Qt::Key_P);
         });
         c.luego(QStringLiteral("frmImpxPag"), [&](QWidget* v) {
-            QTest::keyClick(v, Qt::Key_P, Qt::AltModifier);
+            teclaAlt(v, Qt::Key_P);
         });
         c.luego(QStringLiteral("frmPreview"), [&](QWidget* v) {
             auto* previa = qobject_cast<frmPreview*>(v);
@@ -198,7 +209,8 @@ private slots:
             paginas = previa->modelo().nTotHojas;
             previa->boton(5)->trigger();
         });
-        c.luego(QStringLiteral("frmImprimir"), [&](QWidget* v) { QTest::keyClick(v, Qt::Key_S, Qt::AltModifier); });
+        c.luego(QStringLiteral("frmImpxPag"), [&](QWidget* v) { teclaAlt(v, Qt::Key_C); });
+        c.luego(QStringLiteral("frmImprimir"), [&](QWidget* v) { teclaAlt(v, Qt::Key_S); });
         w.accion(QStringLiteral("mnuImprimir1"))->trigger();
         QVERIFY2(c.terminado(), qPrintable(c.pendientes() + QLatin1Char('/') + c.visitadas.join(QLatin1Char(','))));
         QCOMPARE(titulo, QStringLiteral("Presentación Preliminar"));
