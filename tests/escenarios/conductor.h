@@ -56,11 +56,8 @@ private:
                 w->close();
             return;
         }
-        if (!w || !w->isVisible() || w->objectName() != pasos_.first().ventana) {
-            if (qEnvironmentVariableIsSet("CONDUCTOR_TRAZA") && w)
-                qDebug() << "esperando" << pasos_.first().ventana << "sobre" << w->objectName() << w->isVisible();
+        if (!w || !w->isVisible() || w->objectName() != pasos_.first().ventana)
             return;
-        }
         const Paso p = pasos_.takeFirst();
         visitadas << p.ventana;
         desde_.restart();

@@ -328,8 +328,6 @@ private:
         sinFinDelPrograma(w);
         w.show();
         QVERIFY(QTest::qWaitForWindowExposed(&w));
-        if (qEnvironmentVariableIsSet("CONDUCTOR_TRAZA"))
-            qDebug() << "comando" << comando;
         QAction* a = nullptr;
         for (const auto& [nombre, accion] : acciones(&w))
             if (nombre == comando)
@@ -451,8 +449,6 @@ private:
                 if (!b)
                     return;   // not on the screen in a fresh window (it needs an earlier step)
                 QStringList abiertas;
-                if (qEnvironmentVariableIsSet("CONDUCTOR_TRAZA"))
-                    qDebug() << "pulsa" << ruta.texto() << boton;
                 if (!tieneEfecto(v, [b] { QTest::mouseClick(b, Qt::LeftButton, {}, QPoint(6, b->height() / 2)); }, &abiertas, b))
                     muertos << ruta.texto() + QStringLiteral(": ") + boton;
                 anotarNueva(ruta, abiertas, boton);
