@@ -71,6 +71,13 @@ QString ultimosTres(double suma)
     return Right(Right(veinte, 15), 3);
 }
 
+// A table's name as it may stand in a statement: letters, digits and "_".
+bool nombreLlano(const QString& tabla)
+{
+    static const QRegularExpression kNombre(QStringLiteral("^[A-Za-z_][A-Za-z0-9_]*$"));
+    return kNombre.match(tabla).hasMatch();
+}
+
 // Columns the schema of a table declares as dates. The engine hands them back as text, which
 // the code must count as the date it is.
 QSet<QString> columnasFecha(const QString& tabla)
@@ -82,11 +89,7 @@ QSet<QString> columnasFecha(const QString& tabla)
     if (const auto it = cache.constFind(clave); it != cache.cend())
         return *it;
     QSet<QString> fechas;
-    if (gdbBase().driverName() == QLatin1String("QSQLITE")) {
-        static const QRegularExpression kNombre(QStringLiteral("^[A-Za-z_][A-Za-z0-9_]*$"));
-        if (!kNombre.match(tabla).hasMatch())
-            return {};
-        // A table's name can't be bound: it was checked to be a plain name above.
+    if (gdbBase().driverName() == QLatin1String("QSQLITE") && nombreLlano(tabla)) {
         QSqlQuery q = ejecutar(QStringLiteral("PRAGMA table_info(") + tabla + QLatin1Char(')'));
         while (q.next()) {
             const QString tipo = q.value(2).toString().trimmed().toUpper();
@@ -164,8 +167,8 @@ QString CodigoFila(const QSqlRecord& fila, int claves)
 
 QString codigoFilaGuardada(const QString& tabla, qint64 rowid, int claves)
 {
-    const QSet<QString> fechas = columnasFecha(tabla);   // also checks the name
-    if (fechas.isEmpty() && !QRegularExpression(QStringLiteral("^[A-Za-z_][A-Za-z0-9_]*$")).match(tabla).hasMatch())
+    // A table's name can't be bound: only a plain name goes into the statement.
+    if (!nombreLlano(tabla))
         throw ErrorVB(3078, QStringLiteral("No se encuentra la tabla ") + tabla);
     QSqlQuery q = ejecutar(QStringLiteral("SELECT * FROM ") + tabla + QStringLiteral(" WHERE rowid=?"), {rowid});
     if (!q.next())
