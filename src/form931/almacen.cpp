@@ -50,13 +50,17 @@ bool valorVacio(const QString& valor)
         || t == kMascaraVacia;
 }
 
-// Casillas stored as they stand, without the amount picture.
+// Casillas stored as they stand, without the amount picture. Besides the family's list, the
+// items that hold codes, whose leading zeros the picture would drop: the taxpayer (002), the
+// period (007), the telephone (028, "014451234") and the frontier district (603, "060101"),
+// as the Amazonian district (812) always was.
 bool seGuardaComoTexto(int casilla)
 {
     switch (casilla) {
     case 200: case 209: case 225: case 15: case 812: case 220: case 224:
     case 211: case 212: case 226: case 721:
     case 611: case 612: case 613:
+    case 2: case 7: case 28: case 603:
         return true;
     default:
         return false;
@@ -82,12 +86,14 @@ QString valorGuardado(int casilla, const QString& valor, const QString& periodo)
 }
 
 // Subtractive amounts as the stored rows bring them back: between parentheses. The list is the
-// loading rule's own (150 is in it, 462 and 464 are not); the numbers of the family's annual
-// form that have no box here are kept with it.
+// loading rule's own (462 and 464 are not in it and come back signed); the numbers of the
+// family's annual form that have no box here are kept with it. The investment in the Amazon
+// (150) is typed as a plain figure and stored positive: shown between parentheses it would be
+// stored negative by the next save, so it comes back as it was typed.
 bool vuelveEntreParentesis(int casilla)
 {
     switch (casilla) {
-    case 101: case 105: case 107: case 108: case 111: case 150: case 251: case 252:
+    case 101: case 105: case 107: case 108: case 111: case 251: case 252:
     case 467: case 468: case 469: case 471: case 472: case 478: case 480: case 483:
     case 485: case 486: case 489: case 490: case 493: case 508: case 517: case 524:
     case 527: case 528: case 551: case 553:
@@ -272,7 +278,14 @@ void Frm931::pPonerCasilla(const QString& sCasilla, const QString& vValor)
     case 662:
         G().giTotPerdida = CInt(Val(vValor));
         break;
-    case 2: case 12: case 15: case 609: case 721: case 801:
+    case 609:
+        // The payment system the declaration was saved with: before 2013 the option handlers,
+        // quiet while loading, would have set it from the answers ("A" or "B"); from 2013 on
+        // it is stored as "0" and the form keeps its own.
+        if (vValor != QLatin1String("0"))
+            setLblSistema(vValor);
+        break;
+    case 2: case 12: case 15: case 721: case 801:
         break;
     default:
         if (vuelveEntreParentesis(n)) {

@@ -12,6 +12,8 @@
 void Frm931::Form_Load()
 {
     Globales& g = G();
+    if (g.gbEnviada)
+        claveEnviada = QStringList{g.gsRuc, g.gsPeriodo, g.gsCorrel};
     TxtEjercicio.BackColor = kGris;
     mbPrimeraVez = true;
     g.gbCargando = true;

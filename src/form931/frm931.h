@@ -155,6 +155,10 @@ public:
     QString msTitBalance1, msTitBalance2, msTitGanancias, msFechaBalance;
     qint16 miModo = 0;               // 0 new, 1 modify
     QString msRuc, msRazon;
+    // The sent copy opened for its order number: RUC, period and correlative as the globals
+    // named it when the form loaded. Cargacab reads it and the registration writes it,
+    // whatever period a rule of the form has put in the globals since.
+    QStringList claveEnviada;
     QString msCas601, msCas602, msCas802, msCas804, msCas805, msCas809, msCas810, msCas811,
         msCas813, msCas860, msCas056, msCas113;
     bool mbPrimeraVez = true;
@@ -289,7 +293,7 @@ public:
     void Form_Activate();
     void Form_Unload();
     void pCargaIdent();
-    void Cargacab();
+    void Cargacab();                 // also keeps the key of the sent copy in claveEnviada
     void DesTodo();
     void CmdGrabar_Click();
     void CmdValidar_Click();

@@ -42,6 +42,8 @@ const QString DigitoIncorrecto = QStringLiteral("     El digito Verificador es i
 const QString OrdenGrabado =
     QStringLiteral("El número de orden y el digito verificador fueron grabados satisfactoriamente.");
 const QString OrdenIncorrecto = QStringLiteral("El número de orden es incorrecto");
+const QString OrdenSinDeclaracion = QStringLiteral(
+    "La declaración enviada ya no se encuentra registrada. El número de orden no fue grabado.");
 const QString DigitoIncorrectoSalida = QStringLiteral("Digito verificador incorrecto");
 const QString SistemaPagoPerdida = QStringLiteral("Debe seleccionar el sistema de pago");
 const QString ConfirmaEliminar = QStringLiteral("¿Confirma que va a eliminar?");
@@ -151,7 +153,9 @@ void grabarSinCaja(Frm931& f, const QString& sRuc, const QString& sPeriodo)
     };
     grabar("002", sRuc);
     grabar("007", sPeriodo);
-    grabar("801", Trim(Left(f.TxtRazon.Text, 15)));
+    // The name box of a new declaration carries the blanks of the taxpayer list before the
+    // name: the 15 characters are the name's own, as a stored declaration shows it.
+    grabar("801", Trim(Left(Trim(f.TxtRazon.Text), 15)));
     grabar("028", Trim(f.TxtTelefono.Text));
     if (f.optRenta.valor(0) || f.optRenta.valor(5))
         grabar("813", codigoRespuesta(f.OptPersona));
@@ -236,20 +240,20 @@ void grabarOrden(Frm931& f)
         MsgBox(Texto::DigitoIncorrecto, vbCritical, f.Caption);
         return;
     }
+    // The copy opened, whatever period a rule of the form has put in the globals since.
+    const QStringList clave = f.claveEnviada.size() == 3 ? f.claveEnviada
+                                                          : QStringList{g.gsRuc, g.gsPeriodo, g.gsCorrel};
     {
         Transaccion transaccion;
-        QSqlQuery actual = ejecutar(QStringLiteral("SELECT rowid, * FROM HCAB") + kCadenaTrabajo + QStringLiteral(" AND CORREL=?"),
-                                    {g.gsRuc, g.gsPeriodo, g.gsFormulario, g.gsCorrel});
-        if (actual.next()) {
-            const qint64 fila = actual.value(0).toLongLong();
-            const int norden = actual.record().indexOf(QStringLiteral("NORDEN")) - 1;
-            QVariantList columnas;
-            for (int i = 1; i < actual.record().count(); ++i)
-                columnas << actual.value(i);
-            actual.finish();
-            columnas[norden] = orden;
-            ejecutar(QStringLiteral("UPDATE HCAB SET NORDEN=?, cNumero=? WHERE rowid=?"), {orden, CodigoFila(columnas, 6), fila});
+        const QVariant fila = escalar(QStringLiteral("SELECT rowid FROM HCAB") + kCadenaTrabajo + QStringLiteral(" AND CORREL=?"),
+                                      {clave.at(0), clave.at(1), g.gsFormulario, clave.at(2)});
+        if (!fila.isValid()) {
+            // Gone meanwhile (another program of the family deleted it): nothing is stored.
+            MsgBox(Texto::OrdenSinDeclaracion, vbCritical, f.Caption);
+            return;
         }
+        ejecutar(QStringLiteral("UPDATE HCAB SET NORDEN=? WHERE rowid=?"), {orden, fila});
+        sellarFila(QStringLiteral("HCAB"), fila.toLongLong(), 6);
         transaccion.commit();
     }
     f.mbModificado = false;
@@ -486,8 +490,10 @@ void Frm931::CmdGrabar_Click()
 void Frm931::Cargacab()
 {
     const Globales& g = G();
+    if (claveEnviada.size() != 3)
+        claveEnviada = QStringList{g.gsRuc, g.gsPeriodo, g.gsCorrel};
     QSqlQuery cab = ejecutar(QStringLiteral("SELECT NORDEN FROM HCAB") + kCadenaTrabajo + QStringLiteral(" AND CORREL=?"),
-                             {g.gsRuc, g.gsPeriodo, g.gsFormulario, g.gsCorrel});
+                             {claveEnviada.at(0), claveEnviada.at(1), g.gsFormulario, claveEnviada.at(2)});
     if (cab.next() && !cab.value(0).isNull())
         txtOrden.Text = cab.value(0).toString();
 }

@@ -1,5 +1,6 @@
 // The picker of working declarations.
 #include "register/contabrir.h"
+#include "register/posicion.h"
 
 #include "basic/errores.h"
 #include "basic/msgbox.h"
@@ -96,17 +97,33 @@ void FrmContAbrir::consultar()
         nuevas.append({q.value(0).toString(), q.value(1).toString(), q.value(2).toString(), q.value(3).toString(),
                        q.value(4).toInt()});
     filas = nuevas;
-    fila = filas.isEmpty() ? -1 : 0;
+}
+
+void FrmContAbrir::recargar()
+{
+    const QVector<FilaContAbrir> antes = filas;
+    const int filaAntes = fila;
+    consultar();
+    fila = filaTrasRecarga(antes, filaAntes, filas, [](const FilaContAbrir& a, const FilaContAbrir& b) {
+        return a.ruc == b.ruc && a.periodo == b.periodo && a.formulario == b.formulario;
+    });
+    anunciar();
+}
+
+void FrmContAbrir::anunciar()
+{
+    if (!visible)
+        return;
+    if (fila < 0)
+        barraEstado(QString(), QString(), QString(), G().gsFormulario);
+    else
+        barraEstado(Trim(columna(0)), Trim(columna(1)), columna(2), G().gsFormulario);
 }
 
 void FrmContAbrir::pCargadatos()
 {
     try {
-        consultar();
-        // Back to the row the cursor stood on; after a deletion at the end of the list, to the
-        // row that is last now.
-        if (!filas.isEmpty())
-            fila = qBound(0, static_cast<int>(nPosicion), static_cast<int>(filas.size()) - 1);
+        recargar();
     } catch (const ErrorVB& e) {
         mostrarError(e.numero, e.descripcion);
     }
@@ -140,9 +157,8 @@ void FrmContAbrir::CmdOpciones_Click(int Index)
             g.gsPeriodoSel = Trim(columna(2));
             puntero(true);
             const QStringList datos{Trim(columna(0)), Trim(columna(1))};
-            const int posicion = fila;
+            nPosicion = fila;
             abreDeclaracion(1, datos);
-            nPosicion = posicion;
             puntero(false);
             pCargadatos();
         } else if (Index == 0 && nOpcion == 3) {
@@ -156,11 +172,8 @@ void FrmContAbrir::CmdOpciones_Click(int Index)
                 puntero(false);
                 return;
             }
-            const int posicion = fila;
             eliminarDeclaracion(Trim(columna(0)), g.gsPeriodo);
-            consultar();
-            if (!filas.isEmpty())
-                fila = qMin(posicion, static_cast<int>(filas.size()) - 1);
+            recargar();
         } else if (Index == 1) {
             barraEstado(QString(), QString(), QString(), g.gsFormulario);
             filas.clear();
@@ -185,7 +198,6 @@ void FrmContAbrir::grdContrib_RowColChange(int nuevaFila)
 {
     if (nuevaFila >= -1 && nuevaFila < filas.size())
         fila = filas.isEmpty() ? -1 : nuevaFila;
-    if (!visible || fila < 0)
-        return;
-    barraEstado(Trim(columna(0)), Trim(columna(1)), columna(2), G().gsFormulario);
+    if (fila >= 0)
+        anunciar();
 }

@@ -16,6 +16,7 @@ struct FilaContAbrir {
     QString periodo;      // column 2, PERIODO
     QString formulario;   // column 3, FORMULARIO
     int estado = 0;       // ESTADO (not shown)
+    bool operator==(const FilaContAbrir&) const = default;
 };
 
 class FrmContAbrir {
@@ -24,7 +25,8 @@ public:
 
     // Mode, set by the command before the form loads: 1 modify, 3 delete.
     qint16 nOpcion = 0;
-    // Row to come back to after a declaration was opened (0-based).
+    // Row the cursor stood on when a declaration was opened (0-based). Coming back, the cursor
+    // finds that declaration again, wherever a change of the list moved it.
     qint32 nPosicion = 0;
 
     // Captions (those of the form's design until Form_Load sets the mode's own).
@@ -44,6 +46,8 @@ public:
     // Events.
     void Form_Load();
     void Form_Activate();             // runs pCargadatos
+    // Reads the list again. The cursor stays on the declaration it stood on (see
+    // filaTrasRecarga) and, while the form is visible, the status bar names that row.
     void pCargadatos();
     void CmdOpciones_Click(int Index);
     void grdContrib_DblClick();       // as CmdOpciones(0)
@@ -64,4 +68,8 @@ private:
     // Current row's text of a column, "" when the list is empty.
     QString columna(int indice) const;
     void consultar();
+    // The list read again and the cursor placed as pCargadatos says.
+    void recargar();
+    // The status bar names the row the next action works on (nothing when the list is empty).
+    void anunciar();
 };

@@ -1,5 +1,6 @@
 // The picker of sent declarations.
 #include "register/contabrirenv.h"
+#include "register/posicion.h"
 
 #include "basic/errores.h"
 #include "basic/msgbox.h"
@@ -60,16 +61,7 @@ FrmContAbrirEnv::FrmContAbrirEnv()
             abridores().declaracion(modo, datos);
     };
     paneles = [](const QString& ruc, const QString& nombre, const QString& periodo, const QString& formulario) {
-        if (ruc.isEmpty() && nombre.isEmpty()) {
-            // Exactly the panels asked for; clearing the name tells the window.
-            EstadoBarra& b = barraEstado();
-            b.PanelRuc.clear();
-            b.PanelPeriodo = periodo;
-            b.PanelFormulario = formulario;
-            limpiarPanelNombre();
-        } else {
-            ::pBarraEstado(ruc, nombre, periodo, formulario);
-        }
+        ::ponerPaneles(ruc, nombre, periodo, formulario);
     };
     puntero = [](bool espera) {
         if (abridores().puntero)
@@ -108,7 +100,7 @@ void FrmContAbrirEnv::Form_Load()
         break;
     }
     try {
-        consultar(true);
+        recargar(true);
         habilitada = !filas.isEmpty();
     } catch (const ErrorVB& e) {
         mostrarError(e.numero, e.descripcion);
@@ -139,15 +131,34 @@ void FrmContAbrirEnv::consultar(bool conPeriodo)
         nuevas.append({q.value(0).toString(), q.value(1).toString(), q.value(2).toString(), q.value(3).toString(),
                        q.value(4).toString(), fechaEnvio(q.value(5)), q.value(6).toString(), q.value(7).toString()});
     filas = nuevas;
-    fila = filas.isEmpty() ? -1 : 0;
+}
+
+void FrmContAbrirEnv::recargar(bool conPeriodo)
+{
+    const QVector<FilaContAbrirEnv> antes = filas;
+    const int filaAntes = fila;
+    consultar(conPeriodo);
+    fila = filaTrasRecarga(antes, filaAntes, filas, [](const FilaContAbrirEnv& a, const FilaContAbrirEnv& b) {
+        return a.ruc == b.ruc && a.periodo == b.periodo && a.formulario == b.formulario && a.correl == b.correl;
+    });
+    anunciar();
+}
+
+void FrmContAbrirEnv::anunciar()
+{
+    if (!visible)
+        return;
+    const Globales& g = G();
+    if (fila < 0)
+        paneles(QString(), QString(), g.gsPeriodo, g.gsFormulario);
+    else
+        paneles(Trim(columna(0)), Trim(columna(1)), Trim(columna(2)), g.gsFormulario);
 }
 
 void FrmContAbrirEnv::Form_Activate()
 {
     try {
-        consultar(false);
-        if (!filas.isEmpty())
-            fila = qBound(0, static_cast<int>(nPosicion), static_cast<int>(filas.size()) - 1);
+        recargar(false);
     } catch (const ErrorVB& e) {
         mostrarError(e.numero, e.descripcion);
     }
@@ -172,15 +183,17 @@ void FrmContAbrirEnv::CmdOpciones_Click(int Index)
                 return;
             }
             if (g.giOpcion == 2) {
+                // The period picked is the declaration's, as the working picker leaves it: the
+                // form's rules put the remembered period back in gsPeriodo.
+                g.gsPeriodoSel = g.gsPeriodo;
                 g.gsNorden = columna(4);
                 g.gsRuc = columna(0);
                 g.gsCorrel = columna(7);
                 g.gsControl = columna(6);
             }
             const QStringList datos{Trim(columna(0)), Trim(columna(1))};
-            const int posicion = fila;
+            nPosicion = fila;
             abreDeclaracion(1, datos);
-            nPosicion = posicion;
             puntero(false);
             Form_Activate();
         } else if (Index == 0 && g.giOpcion == 3) {
@@ -194,11 +207,8 @@ void FrmContAbrirEnv::CmdOpciones_Click(int Index)
                 return;
             }
             g.gsCorrel = columna(7);
-            const int posicion = fila;
             eliminarDeclaracionEnviada(columna(0), g.gsPeriodo, g.gsCorrel);
-            consultar(false);
-            if (!filas.isEmpty())
-                fila = qMin(posicion, static_cast<int>(filas.size()) - 1);
+            recargar(false);
         } else if (Index == 1) {
             paneles(QString(), QString(), g.gsPeriodo, g.gsFormulario);
             filas.clear();
@@ -223,8 +233,6 @@ void FrmContAbrirEnv::grdContrib_RowColChange(int nuevaFila)
 {
     if (nuevaFila >= -1 && nuevaFila < filas.size())
         fila = filas.isEmpty() ? -1 : nuevaFila;
-    if (!visible || fila < 0)
-        return;
-    const Globales& g = G();
-    paneles(Trim(columna(0)), Trim(columna(1)), g.gsPeriodo, g.gsFormulario);
+    if (fila >= 0)
+        anunciar();
 }

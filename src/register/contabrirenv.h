@@ -29,7 +29,8 @@ class FrmContAbrirEnv {
 public:
     FrmContAbrirEnv();
 
-    // Row to come back to after the declaration form closed (0-based).
+    // Row the cursor stood on when the declaration form was opened (0-based). Coming back, the
+    // cursor finds that sent copy again, wherever a change of the list moved it.
     qint32 nPosicion = 0;
 
     // Captions (those of the form's design until Form_Load sets the mode's own).
@@ -40,9 +41,9 @@ public:
     static const QStringList& columnas();   // "RUC" ... "Correl"
     bool correlOculta = false;              // column 7 hidden
 
-    // The grid: its rows, the current one (-1 when empty), whether it is enabled, whether the
-    // form is visible (row changes follow on the status bar only then) and whether it was
-    // unloaded.
+    // The grid: its rows, the current one (-1 when empty), whether it is enabled (not when the
+    // first list, of the current period, was empty), whether the form is visible (the status bar
+    // follows the cursor only then) and whether it was unloaded.
     QVector<FilaContAbrirEnv> filas;
     int fila = -1;
     bool habilitada = true;
@@ -51,7 +52,9 @@ public:
 
     // Events.
     void Form_Load();                 // captions and the list of the current period
-    void Form_Activate();             // the list of every period
+    // The list of every period. The cursor stays on the sent copy it stood on and, while the
+    // form is visible, the status bar names that row.
+    void Form_Activate();
     void CmdOpciones_Click(int Index);
     void grdContrib_DblClick();       // as CmdOpciones(0)
     void grdContrib_RowColChange(int nuevaFila);
@@ -59,7 +62,7 @@ public:
     // What the picker calls outside itself; each has a default that reaches the real one.
     // Opens the declaration form modally (pAbreDeclaracion); returns when it closes.
     std::function<void(qint16 modo, const QStringList& datos)> abreDeclaracion;
-    // The status bar's four panels, the period as given (not formatted).
+    // The status bar's four panels, the period as given (the stored figure, not formatted).
     std::function<void(const QString& ruc, const QString& nombre, const QString& periodo,
                        const QString& formulario)> paneles;
     // The hourglass (true) or the default pointer (false).
@@ -70,4 +73,7 @@ public:
 private:
     QString columna(int indice) const;
     void consultar(bool conPeriodo);
+    void recargar(bool conPeriodo);
+    // The status bar names the row the next action works on, its period as stored.
+    void anunciar();
 };

@@ -64,6 +64,17 @@ void pBarraEstado(const QString& ruc, const QString& nombre, const QString& peri
     avisar();
 }
 
+void ponerPaneles(const QString& ruc, const QString& nombre, const QString& periodo, const QString& formulario)
+{
+    EstadoBarra& b = barraEstado();
+    b.Modo = 1;
+    b.PanelRuc = ruc;
+    b.PanelNombre = nombre;
+    b.PanelPeriodo = periodo;
+    b.PanelFormulario = formulario;
+    avisar();
+}
+
 void limpiarPanelNombre()
 {
     barraEstado().PanelNombre.clear();

@@ -23,6 +23,8 @@ void alCambiarBarra(std::function<void(const EstadoBarra&)> aviso);
 void pBarraEstado(const QString& ruc, const QString& nombre, const QString& periodo, const QString& formulario);
 QString periodoEnBarra(const QString& periodo);
 void limpiarPanelNombre();
+// The four panels exactly as given: the period as it comes, without the "yyyy/mm" form.
+void ponerPaneles(const QString& ruc, const QString& nombre, const QString& periodo, const QString& formulario);
 
 // Openers of the forms and the window's own actions.
 struct Abridores {

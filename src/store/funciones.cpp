@@ -8,7 +8,11 @@
 #include "shell/globales.h"
 #include "store/base.h"
 
+#include <QHash>
+#include <QRegularExpression>
+#include <QSet>
 #include <QSqlField>
+#include <QSqlQuery>
 
 namespace {
 
@@ -67,6 +71,69 @@ QString ultimosTres(double suma)
     return Right(Right(veinte, 15), 3);
 }
 
+// A table's name as it may stand in a statement: letters, digits and "_".
+bool nombreLlano(const QString& tabla)
+{
+    static const QRegularExpression kNombre(QStringLiteral("^[A-Za-z_][A-Za-z0-9_]*$"));
+    return kNombre.match(tabla).hasMatch();
+}
+
+// Columns the schema of a table declares as dates. The engine hands them back as text, which
+// the code must count as the date it is.
+QSet<QString> columnasFecha(const QString& tabla)
+{
+    static QHash<QString, QSet<QString>> cache;
+    if (tabla.isEmpty())
+        return {};
+    const QString clave = gdbBase().databaseName() + QLatin1Char('|') + tabla.toUpper();
+    if (const auto it = cache.constFind(clave); it != cache.cend())
+        return *it;
+    QSet<QString> fechas;
+    if (gdbBase().driverName() == QLatin1String("QSQLITE") && nombreLlano(tabla)) {
+        QSqlQuery q = ejecutar(QStringLiteral("PRAGMA table_info(") + tabla + QLatin1Char(')'));
+        while (q.next()) {
+            const QString tipo = q.value(2).toString().trimmed().toUpper();
+            if (tipo == QLatin1String("DATE") || tipo == QLatin1String("DATETIME") || tipo == QLatin1String("TIMESTAMP"))
+                fechas.insert(q.value(1).toString().toUpper());
+        }
+    }
+    cache.insert(clave, fechas);
+    return fechas;
+}
+
+// A date column's stored text as a date: "yyyy-mm-dd" (with or without a time), "dd/mm/yyyy"
+// or "yyyymmdd". Anything else stays as it is.
+QVariant comoFecha(const QVariant& v)
+{
+    if (v.isNull() || v.typeId() != QMetaType::QString)
+        return v;
+    const QString t = v.toString().trimmed();
+    for (const char* forma : {"yyyy-MM-dd", "dd/MM/yyyy", "yyyyMMdd"}) {
+        const QString patron = QString::fromLatin1(forma);
+        const QDate d = QDate::fromString(t.left(patron.size()), patron);
+        if (d.isValid() && (t.size() == patron.size() || t.at(patron.size()) == QLatin1Char(' ')
+                            || t.at(patron.size()) == QLatin1Char('T')))
+            return d;
+    }
+    return v;
+}
+
+QVariantList valoresDeFila(const QSqlRecord& fila, const QString& tabla)
+{
+    QVariantList valores;
+    valores.reserve(fila.count());
+    QHash<QString, QSet<QString>> porTabla;
+    for (int i = 0; i < fila.count(); ++i) {
+        const QSqlField campo = fila.field(i);
+        const QString suya = tabla.isEmpty() ? campo.tableName() : tabla;
+        if (!porTabla.contains(suya))
+            porTabla.insert(suya, columnasFecha(suya));
+        const bool fecha = porTabla.value(suya).contains(campo.name().toUpper());
+        valores << (fecha ? comoFecha(campo.value()) : campo.value());
+    }
+    return valores;
+}
+
 const QString kCadenaTrabajo = QStringLiteral(" WHERE DOC_ID_D=? AND TIP_DOC_D=6 AND PERIODO=? AND FORMULARIO=?");
 
 }  // namespace
@@ -95,11 +162,24 @@ QString CodigoFila(const QVariantList& valores, int claves)
 
 QString CodigoFila(const QSqlRecord& fila, int claves)
 {
-    QVariantList valores;
-    valores.reserve(fila.count());
-    for (int i = 0; i < fila.count(); ++i)
-        valores << fila.value(i);
-    return CodigoFila(valores, claves);
+    return CodigoFila(valoresDeFila(fila, QString()), claves);
+}
+
+QString codigoFilaGuardada(const QString& tabla, qint64 rowid, int claves)
+{
+    // A table's name can't be bound: only a plain name goes into the statement.
+    if (!nombreLlano(tabla))
+        throw ErrorVB(3078, QStringLiteral("No se encuentra la tabla ") + tabla);
+    QSqlQuery q = ejecutar(QStringLiteral("SELECT * FROM ") + tabla + QStringLiteral(" WHERE rowid=?"), {rowid});
+    if (!q.next())
+        throw ErrorVB(3021, QStringLiteral("No hay registro activo."));
+    return CodigoFila(valoresDeFila(q.record(), tabla), claves);
+}
+
+void sellarFila(const QString& tabla, qint64 rowid, int claves)
+{
+    const QString codigo = codigoFilaGuardada(tabla, rowid, claves);
+    ejecutar(QStringLiteral("UPDATE ") + tabla + QStringLiteral(" SET cNumero=? WHERE rowid=?"), {codigo, rowid});
 }
 
 QString pRegistraSpool(const QString& codRep, int tipoDoc, const QString& docId)

@@ -15,6 +15,14 @@ QString CodigoFila(const QSqlRecord& fila, int claves);
 // for a row written with bound values. Integers and doubles count as Str gives them, dates as
 // "yyyymmdd", texts trimmed, anything else (null included) as "".
 QString CodigoFila(const QVariantList& valores, int claves);
+// The check code of a row as its table holds it, read back by its rowid: the code that
+// CodigoFila gives for that stored row, columns the schema declares DATE or DATETIME counting
+// as dates. The record form of CodigoFila reads such columns the same way when the record
+// names its table.
+QString codigoFilaGuardada(const QString& tabla, qint64 rowid, int claves);
+// Writes into the stored row (by rowid) the code codigoFilaGuardada gives: every writer of a
+// row that holds a date seals it this way, so the code is that of the row as it stands.
+void sellarFila(const QString& tabla, qint64 rowid, int claves);
 // Registers a new report file in SPOOL and returns its name: eight digits and ".PRN".
 QString pRegistraSpool(const QString& codRep, int tipoDoc, const QString& docId);
 QString MensajeError(int codigo);

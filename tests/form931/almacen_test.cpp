@@ -35,8 +35,10 @@ INSTANTIATE_TEST_SUITE_P(
         // Amounts lose their separators; a subtractive amount goes negative; a "0" is a row.
         CasoGrabar{"107", "(70)", "202608", "", "-70"}, CasoGrabar{"500", "1,234,567", "202608", "", "1234567"},
         CasoGrabar{"467", "0", "202608", "", "0"},
-        // A text that is no number passes the picture; digits lose their leading zeros.
-        CasoGrabar{"801", "COMERCIAL AN", "202608", "", "COMERCIAL AN"}, CasoGrabar{"028", "044556677", "202608", "", "44556677"},
+        // A text that is no number passes the picture; codes (taxpayer, telephone, district) keep
+        // their leading zeros.
+        CasoGrabar{"801", "COMERCIAL AN", "202608", "", "COMERCIAL AN"}, CasoGrabar{"028", "044556677", "202608", "", "044556677"},
+        CasoGrabar{"603", "060101", "202608", "", "060101"}, CasoGrabar{"002", "20100001234", "202608", "", "20100001234"},
         // The casillas stored as they stand.
         CasoGrabar{"209", "05", "202608", "", "05"}, CasoGrabar{"226", "00123456", "202608", "", "00123456"},
         CasoGrabar{"224", "00012345", "202608", "", "00012345"}, CasoGrabar{"612", "0012345678901", "202608", "", "0012345678901"},
@@ -94,7 +96,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         // Subtractive amounts between parentheses ("0" stays); 150 is in that list, 462 isn't.
         CasoPoner{"107", "-70", "TxtValor(107)", "(70)"}, CasoPoner{"508", "1234", "TxtValor(508)", "(1,234)"},
-        CasoPoner{"551", "0", "TxtValor(551)", "0"}, CasoPoner{"150", "2000", "TxtValor(150)", "(2,000)"},
+        CasoPoner{"551", "0", "TxtValor(551)", "0"}, CasoPoner{"150", "2000", "TxtValor(150)", "2,000"},
         CasoPoner{"462", "-15000", "TxtValor(462)", "-15,000"},
         // Totals with the sign between parentheses; every other box the plain picture.
         CasoPoner{"555", "-1234", "TxtValor(555)", "(1,234)"}, CasoPoner{"500", "1234567", "TxtValor(500)", "1,234,567"},

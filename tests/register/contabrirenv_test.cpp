@@ -123,18 +123,21 @@ TEST_F(ContAbrirEnv, RegistrarTomaLosDatosDeLaFila)
     familia.comoUsuario(kAdmin);
     G().gsPeriodo = QStringLiteral("202608");
     FrmContAbrirEnv f = abrir(2);
-    f.grdContrib_RowColChange(2);   // PACIFICO 202607
-    EXPECT_EQ(barras.last(), kRucPacifico + QLatin1Char('|') + kNombrePacifico + QStringLiteral("|202608|0931"));
+    f.grdContrib_RowColChange(2);   // PACIFICO 202607: the row's period, as stored
+    EXPECT_EQ(barras.last(), kRucPacifico + QLatin1Char('|') + kNombrePacifico + QStringLiteral("|202607|0931"));
     f.grdContrib_DblClick();
     EXPECT_EQ(aperturas, QStringList{QStringLiteral("1:") + kRucPacifico + QLatin1Char('|') + kNombrePacifico});
     const Globales& g = G();
     EXPECT_EQ(QStringList({g.gsPeriodo, g.gsRuc, g.gsNorden, g.gsCorrel, g.gsControl}),
               QStringList({"202607", kRucPacifico, "", "1", "C3"}));
+    EXPECT_EQ(G().gsPeriodoSel, QStringLiteral("202607"));
+    EXPECT_EQ(f.fila, 2);
     f.grdContrib_RowColChange(0);
     f.Form_Activate();
-    EXPECT_EQ(f.fila, 2);
+    EXPECT_EQ(f.fila, 0);
+    // "&Salir" takes the period of the row it stands on.
     f.CmdOpciones_Click(1);
-    EXPECT_EQ(barras.last(), QStringLiteral("||202607|0931"));
+    EXPECT_EQ(barras.last(), QStringLiteral("||202608|0931"));
     EXPECT_EQ(cierres, 1);
 }
 

@@ -83,6 +83,25 @@ TEST_F(CodigoFilaTabla, UnaFilaLeidaDeLaBaseDaElMismoCodigo)
     EXPECT_EQ(CodigoFila(q.record(), 6), QStringLiteral("876637"));
 }
 
+// A DATE column comes back from the engine as the text "2026-11-21": the code of the stored
+// row counts it as the date it is, and a sealed row carries that code.
+TEST_F(CodigoFilaTabla, LaFechaGuardadaCuentaComoFecha)
+{
+    ejecutar(QStringLiteral("INSERT INTO HCAB (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, CORREL, FEC_ENV, NORDEN)"
+                            " VALUES (6, ?, '202608', '0931', '1', '2026-11-21', '123456789')"),
+             {DatosDemo::kRucAndina});
+    const qint64 fila = escalar(QStringLiteral("SELECT rowid FROM HCAB")).toLongLong();
+    sellarFila(QStringLiteral("HCAB"), fila, 6);
+    QSqlQuery q = ejecutar(QStringLiteral("SELECT * FROM HCAB"));
+    ASSERT_TRUE(q.next());
+    QVariantList valores;
+    for (int i = 0; i < q.record().count(); ++i)
+        valores << (q.record().fieldName(i) == QLatin1String("FEC_ENV") ? QVariant(QDate(2026, 11, 21)) : q.value(i));
+    EXPECT_EQ(q.record().value(QStringLiteral("cNumero")).toString(), CodigoFila(valores, 6));
+    EXPECT_EQ(CodigoFila(q.record(), 6), CodigoFila(valores, 6));
+    EXPECT_EQ(codigoFilaGuardada(QStringLiteral("HCAB"), fila, 6), CodigoFila(valores, 6));
+}
+
 // The code walks columns by position: cNumero must close these tables.
 TEST_F(CodigoFilaTabla, CNumeroEsLaUltimaColumna)
 {

@@ -1,11 +1,9 @@
-// The lookup windows on the offscreen platform: caption and columns of each, the factors on their
-// grid or, with an empty catalogue, the label that says so, the opener's modal window, the fixed
-// table of rates.
+// The factor lookup on the offscreen platform: the factors on their grid or, with an empty
+// catalogue, the label that says so.
 #include "comun/base_prueba.h"
 
 #include "dialogs/consultas.h"
 #include "dialogs/vista/frmconsultas.h"
-#include "shell/globales.h"
 #include "shell/vista/ventanas.h"
 #include "store/base.h"
 
@@ -69,37 +67,6 @@ private slots:
         });
         abrirFrmConsFac();
         QCOMPARE(vista, (QStringList{QStringLiteral("01/2024 1.023"), QStringLiteral("12/2023 12.500")}));
-    }
-
-    // Through the menu's opener: a modal window, no hourglass left while it is shown, "&Salir" closes.
-    void elAbridorMuestraLaConsultaDelModo()
-    {
-        FamiliaPrueba familia;
-        G().giOpcion = 3;
-        QString vista;
-        QTimer::singleShot(0, [&vista] {
-            QWidget* w = QApplication::activeModalWidget();
-            if (!w)
-                return;
-            vista = captionYColumnas(w) + (QApplication::overrideCursor() ? QStringLiteral(" (reloj)") : QString())
-                    + (w->findChild<QTableView*>()->isEnabled() ? QString() : QStringLiteral(" (inhabilitada)"));
-            w->findChild<QPushButton*>(QStringLiteral("CmdSalir"))->click();
-        });
-        abrirFrmConsultas();
-        QCOMPARE(vista, QStringLiteral("UIT:Periodo/Valor"));
-    }
-
-    void tasasVigentes()
-    {
-        VistaFrmConsTasas v;
-        v.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&v));
-        QCOMPARE(v.windowTitle(), QStringLiteral("Tasas Vigentes"));
-        QCOMPARE(v.lblTasas.size(), 12);
-        QCOMPARE(v.lblTasas[2]->text(), QStringLiteral("   Acogido a la ley de Promoción Agraria(F4888)"));
-        QTest::mouseClick(v.Command1, Qt::LeftButton);
-        QVERIFY(!v.isVisible());
-        QCOMPARE(QApplication::overrideCursor(), nullptr);
     }
 };
 

@@ -61,22 +61,6 @@ private slots:
         QCOMPARE(v.TxtPreliminar->toPlainText(), QString::fromUtf8(contenido));
     }
 
-    void aceptarResponde_A_yCierra()
-    {
-        FamiliaPrueba familia;
-        escribirMens("uno\n");
-        FrmConsist modelo;
-        modelo.Form_Load();
-        VistaFrmConsist v(modelo);
-        v.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&v));
-        QTest::mouseClick(v.CmdGrabar, Qt::LeftButton);
-        QVERIFY(!v.isVisible());
-        QCOMPARE(v.result(), int(QDialog::Accepted));
-        QCOMPARE(G().gsRespConsist, QStringLiteral("A"));
-        QVERIFY(!G().gbConsistAbierto);
-    }
-
     void cerrarPorLaVentanaNoResponde()
     {
         FamiliaPrueba familia;

@@ -119,15 +119,6 @@ private slots:
             QVERIFY(previas.isEmpty());
         }
     }
-
-    void cancelar()
-    {
-        frmImpxPag d(titulo, 5, QStringLiteral("x.PRN"));
-        d.show();
-        QTest::mouseClick(d.cmdAccion[1], Qt::LeftButton);
-        QVERIFY(!d.isVisible());
-        QVERIFY(previas.isEmpty());
-    }
 };
 
 QTEST_MAIN(PruebaImpxPag)

@@ -339,14 +339,6 @@ private slots:
         pulsar(w, w.boton(5));
         QVERIFY(!w.isVisible());
     }
-
-    void archivoInexistente()
-    {
-        frmPreview w(QStringLiteral("no.PRN"));
-        QCOMPARE(mensajes.textos(), QStringList{QStringLiteral("Archivo Físico del Reporte no Existe")});
-        QCOMPARE(mensajes.mostrados[0].titulo, QStringLiteral("Error al Imprimir"));
-        QCOMPARE(w.modelo().nTotHojas, qint16(1));
-    }
 };
 
 QTEST_MAIN(PruebaPreview)

@@ -23,7 +23,7 @@ FrmContAbrirEnvVista::FrmContAbrirEnvVista(QWidget* padre)
 void FrmContAbrirEnvVista::ajustarGrilla()
 {
     grdContrib->setColumnHidden(7, m_.correlOculta);
-    grdContrib->setEnabled(m_.habilitada || !m_.filas.isEmpty());
+    grdContrib->setEnabled(m_.habilitada);
 }
 
 void abrirFrmContAbrirEnv()
