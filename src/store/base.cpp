@@ -4,6 +4,7 @@
 #include "shell/globales.h"
 
 #include <QFileInfo>
+#include <QHash>
 #include <QSqlError>
 #include <QUrl>
 
@@ -38,6 +39,24 @@ void ejecutarDirecto(QSqlDatabase& db, const QString& sql)
     QSqlQuery q(db);
     if (!q.exec(sql))
         throw errorBaseDatos(textoError(q.lastError()));
+}
+
+// While a batch runs (empezarLote), statements stay prepared, by their SQL text: a save
+// repeats the same few hundred statements, and preparing them again costs more than running
+// them. A statement run again ends the result of its previous run.
+bool gLote = false;
+
+QHash<QString, QSqlQuery>& preparadas()
+{
+    static QHash<QString, QSqlQuery> tabla;
+    return tabla;
+}
+
+// Ends every kept result, so that no statement holds a read snapshot of the file.
+void soltarPreparadas()
+{
+    for (QSqlQuery& q : preparadas())
+        q.finish();
 }
 
 ErrorVB errorBloqueo(const QString& texto)
@@ -89,6 +108,8 @@ void abrirBase(const QString& archivo)
 
 void cerrarBase()
 {
+    gLote = false;
+    preparadas().clear();
     if (QSqlDatabase::contains(kConexion)) {
         {
             QSqlDatabase db = QSqlDatabase::database(kConexion, false);
@@ -105,6 +126,22 @@ void cerrarBase()
     gCondenada = false;
 }
 
+void empezarLote()
+{
+    QSqlDatabase db = conexionAbierta();
+    ejecutarDirecto(db, QStringLiteral("PRAGMA synchronous = NORMAL"));
+    gLote = true;
+}
+
+void terminarLote()
+{
+    QSqlDatabase db = conexionAbierta();
+    gLote = false;
+    preparadas().clear();
+    ejecutarDirecto(db, QStringLiteral("PRAGMA wal_checkpoint(FULL)"));
+    ejecutarDirecto(db, QStringLiteral("PRAGMA synchronous = FULL"));
+}
+
 QSqlDatabase gdbBase()
 {
     if (G().gdbBase.isEmpty())
@@ -115,11 +152,16 @@ QSqlDatabase gdbBase()
 QSqlQuery ejecutar(const QString& sql, const QVariantList& valores)
 {
     QSqlDatabase db = conexionAbierta();
-    QSqlQuery q(db);
-    if (!q.prepare(sql))
-        throw errorBaseDatos(textoError(q.lastError()));
-    for (const QVariant& v : valores)
-        q.addBindValue(v);
+    const auto guardada = gLote ? preparadas().constFind(sql) : preparadas().constEnd();
+    QSqlQuery q = guardada != preparadas().constEnd() ? *guardada : QSqlQuery(db);
+    if (guardada == preparadas().constEnd()) {
+        if (!q.prepare(sql))
+            throw errorBaseDatos(textoError(q.lastError()));
+        if (gLote)
+            preparadas().insert(sql, q);
+    }
+    for (int i = 0; i < valores.size(); ++i)
+        q.bindValue(i, valores[i]);
     if (!q.exec())
         throw errorBaseDatos(textoError(q.lastError()));
     return q;
@@ -137,6 +179,7 @@ Transaccion::Transaccion()
 {
     QSqlDatabase db = conexionAbierta();
     if (gProfundidad == 0) {
+        soltarPreparadas();
         // IMMEDIATE takes the write lock at once, so reading a counter and writing its
         // successor can't interleave with another process doing the same.
         ejecutarDirecto(db, QStringLiteral("BEGIN IMMEDIATE"));

@@ -15,6 +15,12 @@ void abrirBase(const QString& archivo);
 void cerrarBase();
 QSqlDatabase gdbBase();
 
+// A batch of saves in one process (f931 importar of several declarations): each commit still
+// stands whole or not at all, but no longer waits for the disk (synchronous NORMAL under the
+// WAL journal); terminarLote() writes the journal into the file, waiting once for them all.
+void empezarLote();
+void terminarLote();
+
 // Prepares, binds the values in order and runs; throws ErrorVB on failure.
 QSqlQuery ejecutar(const QString& sql, const QVariantList& valores = {});
 // First column of the first row, or an invalid QVariant when there is no row.
