@@ -1,5 +1,8 @@
 #include "basic/formato.h"
 
+#include <QHash>
+#include <bit>
+
 #include "basic/decimal.h"
 #include "basic/texto.h"
 
@@ -383,7 +386,18 @@ QString Format(double valor, const QString& picture)
         const QDateTime momento = desdeSerie(valor);
         return formatoFecha(momento.date(), momento.time(), picture);
     }
-    return formatoNumerico(decimal::desdeDouble(valor), picture);
+    // The text depends on the number and the picture alone, and a form formats the same few
+    // figures with the same few pictures again and again: each pair is worked out once.
+    static QHash<QPair<QString, quint64>, QString> hechos;
+    const QPair<QString, quint64> clave(picture, std::bit_cast<quint64>(valor));
+    const auto it = hechos.constFind(clave);
+    if (it != hechos.constEnd())
+        return *it;
+    if (hechos.size() >= 8192)
+        hechos.clear();
+    const QString texto = formatoNumerico(decimal::desdeDouble(valor), picture);
+    hechos.insert(clave, texto);
+    return texto;
 }
 
 QString Format(qint64 valor, const QString& picture)

@@ -155,6 +155,8 @@ QSqlQuery ejecutar(const QString& sql, const QVariantList& valores)
     const auto guardada = gLote ? preparadas().constFind(sql) : preparadas().constEnd();
     QSqlQuery q = guardada != preparadas().constEnd() ? *guardada : QSqlQuery(db);
     if (guardada == preparadas().constEnd()) {
+        if (gLote)
+            q.setForwardOnly(true);   // read once, row after row: no copy of the rows kept
         if (!q.prepare(sql))
             throw errorBaseDatos(textoError(q.lastError()));
         if (gLote)
