@@ -93,11 +93,12 @@ bool LineaComando::leer(const QStringList& argumentos)
             throw ErrorEntrada(QStringLiteral("opción desconocida: %1%2 (f931 %3 --help da la ayuda)")
                                    .arg(n.size() == 1 ? QStringLiteral("-") : QStringLiteral("--"), n, comando_));
         }
-        // The one other failure is an option that takes a value given last, without it.
+        // The other failures: an option that takes a value given last without it, and a
+        // value given to an option that takes none.
         for (const QCommandLineOption& o : opciones_)
             if (!argumentos.isEmpty() && argumentos.last() == QStringLiteral("--") + o.names().first())
                 throw ErrorEntrada(QStringLiteral("falta el valor de --%1").arg(o.names().first()));
-        throw ErrorEntrada(parser_.errorText());
+        throw ErrorEntrada(QStringLiteral("la opción --help no lleva valor"));
     }
     if (parser_.isSet(ayudaOpcion)) {
         QTextStream(stdout) << ayuda();

@@ -86,8 +86,8 @@ int main(int argc, char** argv)
     if (!parser.parse(app.arguments())) {
         const QStringList desconocidas = parser.unknownOptionNames();
         const QString n = desconocidas.isEmpty() ? QString() : desconocidas.first();
-        if (n.isEmpty())
-            err << parser.errorText() << Qt::endl;
+        if (n.isEmpty())   // a value given to --help or --version
+            err << "las opciones --help y --version no llevan valor" << Qt::endl;
         else
             err << "opción desconocida: " << (n.size() == 1 ? "-" : "--") << n << " (f931 --help da la ayuda)" << Qt::endl;
         return 2;
