@@ -205,6 +205,9 @@ int ejecutarComando(const std::function<int()>& cuerpo)
     } catch (const ErrorVB& e) {
         err << QStringLiteral("error%1: %2").arg(Str(e.numero), unaLinea(e.descripcion)) << Qt::endl;
         return 1;
+    } catch (const std::exception& e) {
+        err << unaLinea(QString::fromLocal8Bit(e.what())) << Qt::endl;
+        return 1;
     }
 }
 

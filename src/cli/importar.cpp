@@ -146,6 +146,9 @@ public:
         } catch (const ErrorVB& e) {
             codigo = 1;
             problema = QStringLiteral("error%1: %2").arg(Str(e.numero), e.descripcion);
+        } catch (const std::exception& e) {
+            codigo = 1;
+            problema = QString::fromLocal8Bit(e.what());
         }
         // Nothing of one declaration reaches the next: the globals are as the batch began.
         G() = limpio_;

@@ -153,6 +153,9 @@ QSqlQuery ejecutar(const QString& sql, const QVariantList& valores)
 {
     QSqlDatabase db = conexionAbierta();
     const auto guardada = gLote ? preparadas().constFind(sql) : preparadas().constEnd();
+    // A kept statement is handed out as a copy, which shares it (what Qt deprecates copies for).
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
     QSqlQuery q = guardada != preparadas().constEnd() ? *guardada : QSqlQuery(db);
     if (guardada == preparadas().constEnd()) {
         if (gLote)
@@ -162,6 +165,7 @@ QSqlQuery ejecutar(const QString& sql, const QVariantList& valores)
         if (gLote)
             preparadas().insert(sql, q);
     }
+    QT_WARNING_POP
     for (int i = 0; i < valores.size(); ++i)
         q.bindValue(i, valores[i]);
     if (!q.exec())
@@ -231,4 +235,6 @@ void Transaccion::commit()
         r.exec(QStringLiteral("ROLLBACK"));
         throw errorBaseDatos(texto);
     }
+    if (gLote)
+        soltarPreparadas();   // nothing read inside the transaction keeps its snapshot after it
 }
