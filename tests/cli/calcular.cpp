@@ -2,50 +2,24 @@
 #include "comun/base_prueba.h"
 #include "shell/globales.h"
 
-#include "rutas_prueba.h"
-#include <QDir>
+#include "cli/proceso.h"
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace {
 
-struct Corrida {
-    int codigo = -1;
-    QByteArray salida;
-    QStringList errores;   // non-empty lines of standard error
-    QJsonObject json;
-};
-
 // Runs the command on an input written to a file of the family folder.
 Corrida calcular(const QString& entrada, const QStringList& opciones)
 {
-    static int contador = 0;
-    const QString archivo = G().gsPathSys + QStringLiteral("entrada%1.json").arg(++contador);
+    const QString archivo = G().gsPathSys + QStringLiteral("entrada.json");
     QFile f(archivo);
-    f.open(QIODevice::WriteOnly);
+    f.open(QIODevice::WriteOnly | QIODevice::Truncate);
     f.write(entrada.toUtf8());
     f.close();
-    QProcess p;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    env.insert(QStringLiteral("XDG_RUNTIME_DIR"), G().gsPathTmp);
-    p.setProcessEnvironment(env);
-    QFile::setPermissions(G().gsPathTmp, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    p.start(QStringLiteral(F931_BIN_F931), QStringList{QStringLiteral("calcular")} + opciones + QStringList{archivo});
-    p.waitForFinished(60000);
-    Corrida c;
-    c.codigo = p.exitCode();
-    c.salida = p.readAllStandardOutput();
-    for (const QString& l : QString::fromUtf8(p.readAllStandardError()).split(QLatin1Char('\n')))
-        if (!l.trimmed().isEmpty())
-            c.errores << l;
-    c.json = QJsonDocument::fromJson(c.salida).object();
-    return c;
+    return f931(QStringList{QStringLiteral("calcular")} + opciones << archivo);
 }
 
 QStringList opcionesDe(const QString& hoy)
@@ -81,11 +55,11 @@ TEST_P(Regimenes, LaDeclaracionTecleadaDaElImpuestoYElCoeficiente)
     const Corrida r = calcular(entrada, opcionesDe(QString::fromLatin1(c.hoy)));
     ASSERT_EQ(r.codigo, 0) << r.errores.join(QLatin1Char('\n')).toStdString();
     EXPECT_TRUE(r.errores.isEmpty()) << r.errores.join(QLatin1Char('\n')).toStdString();
-    EXPECT_EQ(r.json.value(QStringLiteral("periodo")).toString(), QString::fromLatin1(c.periodo));
-    EXPECT_EQ(r.json.value(QStringLiteral("tasa")).toString(), QString::fromLatin1(c.tasa));
-    EXPECT_EQ(r.json.value(QStringLiteral("sistema")).toString(), QString::fromUtf8(c.sistema));
-    EXPECT_EQ(r.json.value(QStringLiteral("presentacion")).toString(), QString::fromUtf8(c.presentacion));
-    const QJsonObject casillas = r.json.value(QStringLiteral("casillas")).toObject();
+    EXPECT_EQ(r.json().value(QStringLiteral("periodo")).toString(), QString::fromLatin1(c.periodo));
+    EXPECT_EQ(r.json().value(QStringLiteral("tasa")).toString(), QString::fromLatin1(c.tasa));
+    EXPECT_EQ(r.json().value(QStringLiteral("sistema")).toString(), QString::fromUtf8(c.sistema));
+    EXPECT_EQ(r.json().value(QStringLiteral("presentacion")).toString(), QString::fromUtf8(c.presentacion));
+    const QJsonObject casillas = r.json().value(QStringLiteral("casillas")).toObject();
     EXPECT_EQ(casillas.size(), 109);
     for (auto it = c.esperadas.begin(); it != c.esperadas.end(); ++it)
         EXPECT_EQ(casillas.value(it.key()).toString(), it.value()) << "casilla " << it.key().toStdString();
@@ -138,13 +112,13 @@ TEST(CalcularSalida, ElAnexoYLosMensajesSalenEnLaRespuesta)
                        "608": "1", "461": "100000", "432": "7000", "433": "3000", "481": "50", "483": "20"}})"),
         opcionesDe(QStringLiteral("2026-11-22")));
     ASSERT_EQ(r.codigo, 0) << r.errores.join(QLatin1Char('\n')).toStdString();
-    const QJsonObject c = r.json.value(QStringLiteral("casillas")).toObject();
+    const QJsonObject c = r.json().value(QStringLiteral("casillas")).toObject();
     EXPECT_EQ(c.value(QStringLiteral("477")).toString(), QStringLiteral("10,000"));
     EXPECT_EQ(c.value(QStringLiteral("432")).toString(), QStringLiteral("7,000"));
     EXPECT_EQ(c.value(QStringLiteral("433")).toString(), QStringLiteral("3,000"));
     // 481 and 483 exclude each other: the question is answered with its default button (OK),
     // which empties 481 and keeps 483.
-    const QJsonArray mensajes = r.json.value(QStringLiteral("mensajes")).toArray();
+    const QJsonArray mensajes = r.json().value(QStringLiteral("mensajes")).toArray();
     ASSERT_FALSE(mensajes.isEmpty());
     const QJsonObject m = mensajes.first().toObject();
     EXPECT_TRUE(m.value(QStringLiteral("texto")).toString().startsWith(QStringLiteral("Las casillas 483 y 481 son excluyentes")));

@@ -5,12 +5,11 @@
 
 #include "store/funciones.h"
 
-#include "rutas_prueba.h"
+#include "cli/proceso.h"
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QSqlQuery>
 
 #include <gtest/gtest.h>
@@ -24,29 +23,6 @@ inline void PrintTo(const QString& s, std::ostream* os)
 }
 
 namespace {
-
-struct Corrida {
-    int codigo = -1;
-    QByteArray salida;
-    QStringList errores;   // lines of standard error
-};
-
-Corrida f931(const QStringList& argumentos, const QByteArray& entrada = {},
-             const QProcessEnvironment& entorno = QProcessEnvironment::systemEnvironment())
-{
-    QProcess p;
-    p.setProcessEnvironment(entorno);
-    p.start(QStringLiteral(F931_BIN_F931), argumentos);
-    p.waitForStarted();
-    p.write(entrada);
-    p.closeWriteChannel();
-    p.waitForFinished(120000);
-    Corrida c;
-    c.codigo = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-    c.salida = p.readAllStandardOutput();
-    c.errores = QString::fromUtf8(p.readAllStandardError()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    return c;
-}
 
 class Linea : public PruebaConBase {
 protected:
