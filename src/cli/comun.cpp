@@ -161,8 +161,6 @@ void prepararEntorno(const OpcionesCli& o)
     }
     if (!o.usuario.isEmpty())
         g.gsUsuario = o.usuario;
-    if (Trim(g.gsUsuario).isEmpty())
-        throw ErrorEntrada(QStringLiteral("no hay usuario: use --usuario o configure SysUser en %1").arg(archivoIni()));
     if (g.gsBaseDatos.isEmpty())
         throw BaseNoDisponible(
             QStringLiteral("base de datos no disponible: use --base o configure DBPath y DBName en %1").arg(archivoIni()));
@@ -173,6 +171,8 @@ void prepararEntorno(const OpcionesCli& o)
     } catch (const ErrorVB& e) {
         throw BaseNoDisponible(QStringLiteral("base de datos no disponible: %1: %2").arg(g.gsBaseDatos, unaLinea(e.descripcion)));
     }
+    if (Trim(g.gsUsuario).isEmpty())
+        throw ErrorEntrada(QStringLiteral("no hay usuario: use --usuario o configure SysUser en %1").arg(archivoIni()));
     if (!o.base.isEmpty()) {
         QDir(g.gsPathSys).mkpath(QStringLiteral("RPT"));
         QDir(g.gsPathSys).mkpath(QStringLiteral("TMP"));

@@ -68,8 +68,8 @@ private:
 
 // Fixes today, reads the settings file when needed, sets the folders of G() (with --base, the
 // database's folder: gsPathSys = folder + "/", RPT/ and TMP/ created when missing), the user,
-// and opens the database. No user anywhere throws ErrorEntrada; no database, or one that
-// can't be opened, throws BaseNoDisponible.
+// and opens the database. No database, or one that can't be opened, throws BaseNoDisponible;
+// then no user anywhere throws ErrorEntrada.
 void prepararEntorno(const OpcionesCli& opciones);
 
 // Reads a whole input file of at most kTopeEntrada bytes; a missing, unreadable or larger

@@ -39,15 +39,6 @@ protected:
         f.write(texto);
         return archivo;
     }
-    // Changes committed by another connection since the last call: 0 when none.
-    static int cambiosAjenos()
-    {
-        static int anterior = 0;
-        const int ahora = escalar(QStringLiteral("PRAGMA data_version")).toInt();
-        const int cambio = ahora - anterior;
-        anterior = ahora;
-        return cambio;
-    }
 };
 
 QByteArray json(const QString& casillas, const QString& ruc = DatosDemo::kRucAndina)
@@ -74,14 +65,15 @@ TEST_P(EntradaMala, LosTresComandosLaRechazanSinTocarLaBase)
 {
     const Mala& m = GetParam();
     const QString archivo = escribir(m.entrada);
-    cambiosAjenos();
+    // The version moves with every commit of another connection: of f931.
+    const QVariant version = escalar(QStringLiteral("PRAGMA data_version"));
     for (const char* comando : {"calcular", "validar", "importar"}) {
         const Corrida r = f931(QStringList{QString::fromLatin1(comando)} + comunes() << archivo);
         EXPECT_EQ(r.codigo, 2) << comando;
         EXPECT_EQ(r.errores, QStringList{m.linea}) << comando;
         EXPECT_TRUE(r.salida.isEmpty()) << comando;
     }
-    EXPECT_EQ(cambiosAjenos(), 0);
+    EXPECT_EQ(escalar(QStringLiteral("PRAGMA data_version")), version);
     EXPECT_EQ(contar(QStringLiteral("CAB")), 0);
 }
 
@@ -104,10 +96,7 @@ INSTANTIATE_TEST_SUITE_P(
         Mala{"CasillasLista", R"#({"ruc": "20100001234", "casillas": ["461"]})#",
              QStringLiteral(R"#("casillas" debe ser un objeto)#")},
         Mala{"CodigoDesconocido", json(QStringLiteral(R"#("999": "1")#")), QStringLiteral(R"#(casilla desconocida: "999")#")},
-        Mala{"CodigoDeDosCifras", json(QStringLiteral(R"#("61": "1")#")), QStringLiteral(R"#(casilla desconocida: "61")#")},
         Mala{"ValorLogico", json(QStringLiteral(R"#("461": true)#")),
-             QStringLiteral("el valor de la casilla 461 debe ser texto o un número entero")},
-        Mala{"ValorNulo", json(QStringLiteral(R"#("461": null)#")),
              QStringLiteral("el valor de la casilla 461 debe ser texto o un número entero")},
         Mala{"NumeroConDecimales", json(QStringLiteral(R"#("461": 1.5)#")),
              QStringLiteral("la casilla 461 lleva un número que no es entero: 1.5")},
@@ -185,17 +174,6 @@ TEST_F(Linea, LaEntradaTieneUnTope)
     EXPECT_EQ(r.errores.first(), QStringLiteral("-:1: la línea pasa de 1048576 bytes: el resto de la entrada no se lee"));
 }
 
-// A JSON integer is taken as its digits; a text is typed as it stands.
-TEST_F(Linea, UnEnteroJsonSeTomaExacto)
-{
-    const Corrida r = f931(QStringList{QStringLiteral("importar")} + comunes()
-                           << escribir(json(kGeneral + QStringLiteral(R"#(, "500": 1000, "532": "400", "544": 600)#"))));
-    ASSERT_EQ(r.codigo, 0) << r.errores.join(QLatin1Char('\n')).toStdString();
-    const QMap<QString, QString> det = mapaDet(QStringLiteral("202605"));
-    EXPECT_EQ(det.value(QStringLiteral("500")), QStringLiteral("1000"));
-    EXPECT_EQ(det.value(QStringLiteral("544")), QStringLiteral("600"));
-}
-
 // ---------------------------------------------------------------------------- batch
 
 QJsonObject objeto(const QByteArray& linea)
@@ -207,7 +185,8 @@ QJsonObject objeto(const QByteArray& linea)
 // ones saved, the problems on standard error after their line number, and the summary.
 TEST_F(Linea, UnLoteMezcladoGrabaLoBuenoYSaleConLaPeorCausa)
 {
-    const QByteArray lote = json(kGeneral + QStringLiteral(R"#(, "500": "1000", "532": "400", "544": "600")#")) + '\n'
+    // The first one gives two figures as JSON integers: they are taken as their digits.
+    const QByteArray lote = json(kGeneral + QStringLiteral(R"#(, "500": 1000, "532": "400", "544": 600)#")) + '\n'
                             + json(QStringLiteral(R"#("056": "4")#"), DatosDemo::kRucPacifico) + '\n' + "\n"
                             + json(kGeneral + QStringLiteral(R"#(, "461": "-1")#"), DatosDemo::kRucNorte) + '\n'
                             + json(kGeneral, DatosDemo::kRucAmazonia);   // the last line without its line feed
@@ -224,7 +203,10 @@ TEST_F(Linea, UnLoteMezcladoGrabaLoBuenoYSaleConLaPeorCausa)
         EXPECT_EQ(o.value(QStringLiteral("entrada")).toString(), QString::fromLatin1(esperado[i].entrada));
         EXPECT_EQ(o.value(QStringLiteral("codigo")).toInt(-1), esperado[i].codigo) << i;
     }
-    EXPECT_EQ(objeto(lineas[0]).value(QStringLiteral("det")).toArray().size(), mapaDet(QStringLiteral("202605")).size());
+    const QMap<QString, QString> det = mapaDet(QStringLiteral("202605"));
+    EXPECT_EQ(objeto(lineas[0]).value(QStringLiteral("det")).toArray().size(), det.size());
+    EXPECT_EQ(det.value(QStringLiteral("500")), QStringLiteral("1000"));
+    EXPECT_EQ(det.value(QStringLiteral("544")), QStringLiteral("600"));
     EXPECT_EQ(r.errores, (QStringList{QStringLiteral("-:2: Señale el inicio de actividades en el ejercicio"),
                                       QStringLiteral(R"#(-:4: la casilla 461 no admite el valor "-1" (carácter no admitido: "-"))#"),
                                       QStringLiteral("importar: 4 declaraciones: 2 grabadas, 1 rechazadas, 1 con entrada mala")}));
@@ -353,24 +335,13 @@ TEST_F(Linea, ElUsuarioSaleDelArchivoDeConfiguracion)
 // A database that is missing or is no database: exit 3, for one declaration and for a batch.
 TEST_F(Linea, SinBaseDeDatosSaleConTres)
 {
-    const QString texto = escribir("no soy una base\n", QStringLiteral("texto.db"));
     const QString entrada = escribir(json(kGeneral));
-    const struct {
-        QString base;
-        QString linea;
-    } casos[] = {
-        {familia.carpeta() + QStringLiteral("no_existe.db"),
-         QStringLiteral("base de datos no disponible: no existe %1no_existe.db").arg(familia.carpeta())},
-        {texto, QStringLiteral("base de datos no disponible: %1: ").arg(texto)},
-    };
-    for (const auto& c : casos) {
+    for (const QString& base : {familia.carpeta() + QStringLiteral("no_existe.db"), escribir("no soy una base\n", QStringLiteral("texto.db"))}) {
         for (const QString& fuente : {entrada, QStringLiteral("-")}) {
-            QStringList args = QStringList{QStringLiteral("importar")} + comunes() << fuente;
-            args[2] = c.base;
-            const Corrida r = f931(args, json(kGeneral) + '\n');
+            const Corrida r = f931(QStringList{QStringLiteral("importar"), QStringLiteral("--base"), base} << fuente, json(kGeneral));
             EXPECT_EQ(r.codigo, 3);
             ASSERT_EQ(r.errores.size(), 1);
-            EXPECT_TRUE(r.errores.first().startsWith(c.linea)) << r.errores.first().toStdString();
+            EXPECT_TRUE(r.errores.first().startsWith(QStringLiteral("base de datos no disponible: "))) << r.errores.first().toStdString();
             EXPECT_TRUE(r.salida.isEmpty());
         }
     }
