@@ -28,6 +28,7 @@
 #include <QSqlQuery>
 #include <QTextStream>
 
+#include <cerrno>
 #include <cstdio>
 #include <unistd.h>
 
@@ -95,7 +96,8 @@ public:
                 linea = pendiente_.left(fin);
                 pendiente_.remove(0, fin + 1);
                 ++numero;
-                return linea.size() <= kTopeEntrada || !(demasiado = true);
+                demasiado = linea.size() > kTopeEntrada;
+                return !demasiado;
             }
             if (pendiente_.size() > kTopeEntrada) {
                 ++numero;
@@ -112,6 +114,8 @@ public:
             }
             char bloque[65536];
             const ssize_t leidos = ::read(STDIN_FILENO, bloque, sizeof bloque);
+            if (leidos < 0 && errno == EINTR)
+                continue;
             if (leidos <= 0)
                 terminado_ = true;
             else
