@@ -26,7 +26,7 @@ struct Ficha {
 };
 
 // Sections separated by ";"; a ";" inside quotes or after a backslash stands for itself.
-QStringList secciones(const QString& picture)
+QStringList partirSecciones(const QString& picture)
 {
     QStringList lista;
     QString actual;
@@ -51,7 +51,7 @@ QStringList secciones(const QString& picture)
     return lista;
 }
 
-QList<Ficha> fichas(const QString& seccion)
+QList<Ficha> leerFichas(const QString& seccion)
 {
     QList<Ficha> lista;
     bool entreComillas = false;
@@ -79,6 +79,31 @@ QList<Ficha> fichas(const QString& seccion)
         }
     }
     return lista;
+}
+
+// A program uses a handful of pictures: each one is split and read once.
+template <typename T>
+const T& unaVez(QHash<QString, T>& hechos, const QString& clave, T (*leer)(const QString&))
+{
+    auto it = hechos.constFind(clave);
+    if (it == hechos.constEnd()) {
+        if (hechos.size() >= 256)
+            hechos.clear();
+        it = hechos.insert(clave, leer(clave));
+    }
+    return *it;
+}
+
+QStringList secciones(const QString& picture)
+{
+    static QHash<QString, QStringList> hechas;
+    return unaVez(hechas, picture, &partirSecciones);
+}
+
+QList<Ficha> fichas(const QString& seccion)
+{
+    static QHash<QString, QList<Ficha>> hechas;
+    return unaVez(hechas, seccion, &leerFichas);
 }
 
 QString agrupar(const QString& digitos)
