@@ -31,8 +31,17 @@ Numero desdeDouble(double v)
     if (v == 0 || !std::isfinite(v))
         return n;
     n.negativo = v < 0;
+    // A whole number of up to 15 digits is its own 15 significant digits: the amounts of a
+    // declaration, read without going through the text of the exponent form.
+    const double magnitud = std::fabs(v);
+    if (magnitud < 1e15 && magnitud == std::floor(magnitud)) {
+        n.digitos = QString::number(static_cast<qint64>(magnitud));
+        n.punto = int(n.digitos.size());
+        normalizar(n);
+        return n;
+    }
     char texto[64];
-    std::snprintf(texto, sizeof texto, "%.14e", std::fabs(v));   // d.dddddddddddddde+XX
+    std::snprintf(texto, sizeof texto, "%.14e", magnitud);   // d.dddddddddddddde+XX
     QString mantisa;
     const char* p = texto;
     for (; *p && *p != 'e'; ++p)

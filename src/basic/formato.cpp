@@ -1,5 +1,8 @@
 #include "basic/formato.h"
 
+#include <QHash>
+#include <bit>
+
 #include "basic/decimal.h"
 #include "basic/texto.h"
 
@@ -23,7 +26,7 @@ struct Ficha {
 };
 
 // Sections separated by ";"; a ";" inside quotes or after a backslash stands for itself.
-QStringList secciones(const QString& picture)
+QStringList partirSecciones(const QString& picture)
 {
     QStringList lista;
     QString actual;
@@ -48,7 +51,7 @@ QStringList secciones(const QString& picture)
     return lista;
 }
 
-QList<Ficha> fichas(const QString& seccion)
+QList<Ficha> leerFichas(const QString& seccion)
 {
     QList<Ficha> lista;
     bool entreComillas = false;
@@ -78,6 +81,31 @@ QList<Ficha> fichas(const QString& seccion)
     return lista;
 }
 
+// A program uses a handful of pictures: each one is split and read once.
+template <typename T>
+const T& unaVez(QHash<QString, T>& hechos, const QString& clave, T (*leer)(const QString&))
+{
+    auto it = hechos.constFind(clave);
+    if (it == hechos.constEnd()) {
+        if (hechos.size() >= 256)
+            hechos.clear();
+        it = hechos.insert(clave, leer(clave));
+    }
+    return *it;
+}
+
+QStringList secciones(const QString& picture)
+{
+    static QHash<QString, QStringList> hechas;
+    return unaVez(hechas, picture, &partirSecciones);
+}
+
+QList<Ficha> fichas(const QString& seccion)
+{
+    static QHash<QString, QList<Ficha>> hechas;
+    return unaVez(hechas, seccion, &leerFichas);
+}
+
 QString agrupar(const QString& digitos)
 {
     QString s;
@@ -90,56 +118,88 @@ QString agrupar(const QString& digitos)
     return s;
 }
 
-// One section applied to a magnitude (the sign is the caller's business).
-QString aplicarSeccion(decimal::Numero n, const QString& seccion)
+// A section read for use: its integer and fraction placeholders and what they ask for.
+struct Seccion {
+    QList<Ficha> entera, fraccion;
+    bool hayPunto = false, agrupa = false, porcentaje = false;
+    int decimales = 0, forzados = 0;
+    int minimo = 0;     // integer digits forced, from the first "0" placeholder to the point
+    int primero = -1;   // the leftmost integer placeholder, which takes all digits left over
+};
+
+Seccion analizarSeccion(const QString& texto)
 {
-    const QList<Ficha> todas = fichas(seccion);
+    Seccion s;
+    const QList<Ficha> todas = fichas(texto);
     int punto = -1;
     for (int i = 0; i < todas.size(); ++i)
         if (todas[i].clase == Clase::Punto) {
             punto = i;
             break;
         }
+    s.hayPunto = punto >= 0;
     // Integer part: a comma after a digit placeholder means grouping by thousands, wherever it
     // stands; a comma before any placeholder is a literal. Commas after the point are ignored.
-    QList<Ficha> entera;
-    bool agrupa = false, hayDigito = false, porcentaje = false;
+    bool hayDigito = false;
     for (int i = 0; i < (punto < 0 ? todas.size() : punto); ++i) {
         const Ficha& f = todas[i];
         if (f.clase == Clase::Coma) {
             if (hayDigito)
-                agrupa = true;
+                s.agrupa = true;
             else
-                entera.append({Clase::Literal, f.c});
+                s.entera.append({Clase::Literal, f.c});
             continue;
         }
         if (f.clase == Clase::Porcentaje) {
-            porcentaje = true;
-            entera.append({Clase::Literal, f.c});
+            s.porcentaje = true;
+            s.entera.append({Clase::Literal, f.c});
             continue;
         }
         hayDigito = hayDigito || f.esDigito();
-        entera.append(f);
+        s.entera.append(f);
     }
-    QList<Ficha> fraccion;
-    int decimales = 0, forzados = 0;
     if (punto >= 0)
         for (int i = punto + 1; i < todas.size(); ++i) {
             const Ficha& f = todas[i];
             if (f.clase == Clase::Coma || f.clase == Clase::Punto)
                 continue;
             if (f.clase == Clase::Porcentaje) {
-                porcentaje = true;
-                fraccion.append({Clase::Literal, f.c});
+                s.porcentaje = true;
+                s.fraccion.append({Clase::Literal, f.c});
                 continue;
             }
             if (f.esDigito()) {
-                ++decimales;
+                ++s.decimales;
                 if (f.clase == Clase::Cero)
-                    forzados = decimales;   // a "0" forces every decimal up to its own
+                    s.forzados = s.decimales;   // a "0" forces every decimal up to its own
             }
-            fraccion.append(f);
+            s.fraccion.append(f);
         }
+    bool cero = false;
+    for (const Ficha& f : s.entera)
+        if (f.esDigito()) {
+            cero = cero || f.clase == Clase::Cero;
+            if (cero)
+                ++s.minimo;
+        }
+    for (int i = 0; i < s.entera.size(); ++i)
+        if (s.entera[i].esDigito()) {
+            s.primero = i;
+            break;
+        }
+    return s;
+}
+
+// One section applied to a magnitude (the sign is the caller's business).
+QString aplicarSeccion(decimal::Numero n, const QString& texto)
+{
+    static QHash<QString, Seccion> leidas;
+    const Seccion& seccion = unaVez(leidas, texto, &analizarSeccion);
+    const QList<Ficha>& entera = seccion.entera;
+    const QList<Ficha>& fraccion = seccion.fraccion;
+    const bool porcentaje = seccion.porcentaje, agrupa = seccion.agrupa;
+    const int decimales = seccion.decimales, forzados = seccion.forzados, minimo = seccion.minimo;
+    const int primero = seccion.primero;
 
     if (porcentaje && !n.esCero())
         n.punto += 2;
@@ -147,28 +207,11 @@ QString aplicarSeccion(decimal::Numero n, const QString& seccion)
     QString enteros = decimal::parteEntera(r);
     QString fraccionDigitos = decimal::parteDecimal(r, decimales);
 
-    // Digits are forced from the first "0" placeholder to the point.
-    int minimo = 0;
-    {
-        bool cero = false;
-        for (const Ficha& f : entera)
-            if (f.esDigito()) {
-                cero = cero || f.clase == Clase::Cero;
-                if (cero)
-                    ++minimo;
-            }
-    }
     if (enteros.size() < minimo)
         enteros = QString(minimo - enteros.size(), QLatin1Char('0')) + enteros;
     const QString cadena = agrupa ? agrupar(enteros) : enteros;
 
     // Fill the integer placeholders from the right; the leftmost one takes all that is left.
-    int primero = -1;
-    for (int i = 0; i < entera.size(); ++i)
-        if (entera[i].esDigito()) {
-            primero = i;
-            break;
-        }
     QString izquierda;   // built backwards
     int k = int(cadena.size()) - 1;
     for (int i = int(entera.size()) - 1; i >= 0; --i) {
@@ -189,11 +232,11 @@ QString aplicarSeccion(decimal::Numero n, const QString& seccion)
             izquierda.prepend(trozo);
         }
     }
-    if (primero < 0 && punto >= 0)
+    if (primero < 0 && seccion.hayPunto)
         izquierda += cadena;   // no integer placeholder: the integer digits still stand before the point
 
     QString resultado = izquierda;
-    if (punto >= 0) {
+    if (seccion.hayPunto) {
         // Trailing zeros beyond the last "0" placeholder are dropped.
         int mostrar = int(fraccionDigitos.size());
         while (mostrar > forzados && fraccionDigitos[mostrar - 1] == QLatin1Char('0'))
@@ -383,7 +426,18 @@ QString Format(double valor, const QString& picture)
         const QDateTime momento = desdeSerie(valor);
         return formatoFecha(momento.date(), momento.time(), picture);
     }
-    return formatoNumerico(decimal::desdeDouble(valor), picture);
+    // The text depends on the number and the picture alone, and a form formats the same few
+    // figures with the same few pictures again and again: each pair is worked out once.
+    static QHash<QPair<QString, quint64>, QString> hechos;
+    const QPair<QString, quint64> clave(picture, std::bit_cast<quint64>(valor));
+    const auto it = hechos.constFind(clave);
+    if (it != hechos.constEnd())
+        return *it;
+    if (hechos.size() >= 8192)
+        hechos.clear();
+    const QString texto = formatoNumerico(decimal::desdeDouble(valor), picture);
+    hechos.insert(clave, texto);
+    return texto;
 }
 
 QString Format(qint64 valor, const QString& picture)

@@ -3,6 +3,8 @@
 // killed at any point leaves the finished database or nothing.
 #include "basic/errores.h"
 #include "cli/comandos.h"
+#include "cli/comun.h"
+#include "form931/guion.h"
 #include "store/crear.h"
 
 #include <QTextStream>
@@ -11,22 +13,27 @@ namespace {
 
 int comandoCrearBase(const QStringList& argumentos)
 {
-    QTextStream err(stderr);
-    // An option is never taken for a file name ("--help" must not become a database).
-    if (argumentos.size() != 1 || argumentos.first().startsWith(QLatin1Char('-'))) {
-        err << "uso: f931 crear-base ARCHIVO" << Qt::endl;
-        return 2;
-    }
-    try {
-        crearBaseDatos(argumentos.first(), true);
-    } catch (const ErrorVB& e) {
-        err << e.descripcion << Qt::endl;
-        return 2;
-    }
-    QTextStream(stdout) << "Base de datos creada: " << argumentos.first() << Qt::endl;
-    return 0;
+    return ejecutarComando([&] {
+        LineaComando linea(QStringLiteral("crear-base"), QStringLiteral("ARCHIVO"), 1, 1,
+                           QStringLiteral("Crea una base de datos compartida nueva con el esquema y el catálogo.\n"
+                                          "Nunca escribe sobre un archivo que ya existe."),
+                           false);
+        if (!linea.leer(argumentos))
+            return 0;
+        const QString archivo = linea.posicionales().first();
+        // "-" is no file name here: standard input can't be a database.
+        if (archivo.isEmpty() || archivo == QLatin1String("-"))
+            throw ErrorEntrada(QStringLiteral("falta ARCHIVO; %1").arg(linea.uso()));
+        try {
+            crearBaseDatos(archivo, true);
+        } catch (const ErrorVB& e) {
+            throw ErrorEntrada(e.descripcion);
+        }
+        QTextStream(stdout) << "Base de datos creada: " << archivo << Qt::endl;
+        return 0;
+    });
 }
 
-RegistroComando registro("crear-base", &comandoCrearBase);
+RegistroComando registro("crear-base", &comandoCrearBase, "crea una base de datos compartida nueva");
 
 }  // namespace

@@ -27,9 +27,6 @@
 
 namespace {
 
-const QString kUso = QStringLiteral(
-    "uso: f931 exportar --ruc RUC --periodo AAAAMM [--base ARCHIVO.db] [--hoy AAAA-MM-DD] [--usuario USUARIO]");
-
 // Items without a box that a user answers or types, as stored.
 const QSet<int> kSinCaja = {28, 56, 813, 200, 809, 810, 860, 811, 812, 601, 602, 603, 804, 224,
                             605, 606, 607, 611, 612, 613, 815, 816, 817, 818};
@@ -102,37 +99,23 @@ QJsonObject exportar(const QString& ruc, const QString& periodo)
 int comandoExportar(const QStringList& argumentos)
 {
     return ejecutarComando([&] {
-        // --ruc and --periodo are this command's own; the rest are the shared options.
-        QStringList comunes;
-        QString ruc, periodo;
-        for (int i = 0; i < argumentos.size(); ++i) {
-            const QString& a = argumentos[i];
-            QString* destino = a == QLatin1String("--ruc") || a.startsWith(QLatin1String("--ruc=")) ? &ruc
-                : a == QLatin1String("--periodo") || a.startsWith(QLatin1String("--periodo=")) ? &periodo
-                : nullptr;
-            if (!destino) {
-                comunes << a;
-                continue;
-            }
-            const int igual = a.indexOf(QLatin1Char('='));
-            if (igual > 0) {
-                *destino = a.mid(igual + 1);
-            } else {
-                if (i + 1 >= argumentos.size())
-                    throw ErrorEntrada(QStringLiteral("falta el valor de %1; %2").arg(a, kUso));
-                *destino = argumentos[++i];
-            }
-        }
-        const OpcionesCli o = leerOpciones(comunes, 0, kUso);
-        ruc = ruc.trimmed();
-        periodo = periodo.trimmed();
+        LineaComando linea(QStringLiteral("exportar"), QString(), 0, 0,
+                           QStringLiteral("Imprime una declaración guardada en el formato de entrada de calcular,\n"
+                                          "validar e importar."),
+                           true);
+        linea.opcion(QStringLiteral("ruc"), QStringLiteral("RUC"), QStringLiteral("el RUC del contribuyente"));
+        linea.opcion(QStringLiteral("periodo"), QStringLiteral("AAAAMM"), QStringLiteral("el periodo de la declaración"));
+        if (!linea.leer(argumentos))
+            return 0;
+        const QString ruc = linea.valor(QStringLiteral("ruc")).trimmed();
+        const QString periodo = linea.valor(QStringLiteral("periodo")).trimmed();
         if (ruc.isEmpty() || periodo.isEmpty())
-            throw ErrorEntrada(kUso);
+            throw ErrorEntrada(QStringLiteral("faltan --ruc y --periodo; uso: f931 exportar --ruc RUC --periodo AAAAMM [opciones]"));
         bool ok = false;
         periodo.toInt(&ok);
         if (periodo.size() != 6 || !ok)
             throw ErrorEntrada(QStringLiteral("periodo no válido: %1 (AAAAMM)").arg(periodo));
-        prepararEntorno(o);
+        prepararEntorno(linea.comunes());
         const QByteArray texto = QJsonDocument(exportar(ruc, periodo)).toJson(QJsonDocument::Indented);
         std::fwrite(texto.constData(), 1, static_cast<size_t>(texto.size()), stdout);
         std::fflush(stdout);
@@ -141,6 +124,6 @@ int comandoExportar(const QStringList& argumentos)
     });
 }
 
-RegistroComando registro("exportar", &comandoExportar);
+RegistroComando registro("exportar", &comandoExportar, "imprime una declaración guardada en el formato de entrada");
 
 }  // namespace

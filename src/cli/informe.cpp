@@ -27,9 +27,7 @@
 
 namespace {
 
-const QString kUso = QStringLiteral(
-    "uso: f931 informe --ruc RUC --periodo AAAAMM [--correl C] [--spool ARCHIVO.PRN] [--pdf ARCHIVO.pdf] "
-    "[--desde N --hasta M] [--base ARCHIVO.db] [--hoy AAAA-MM-DD] [--usuario USUARIO]");
+const QString kUso = QStringLiteral("faltan --ruc y --periodo; uso: f931 informe --ruc RUC --periodo AAAAMM [opciones]");
 
 // Loads the header of the declaration into the report globals, as the print selection does
 // with the row picked. False when there is no such declaration.
@@ -64,29 +62,29 @@ bool elegirDeclaracion(const QString& ruc, const QString& periodo, const QString
 int comandoInforme(const QStringList& argumentos)
 {
     return ejecutarComando([&] {
-        // This command's own options; the rest are the shared ones.
+        LineaComando linea(QStringLiteral("informe"), QString(), 0, 0,
+                           QStringLiteral("Construye el reporte de una declaración guardada (con --correl, de la\n"
+                                          "enviada) en un archivo de spool nuevo de RPT/ e imprime su ruta."),
+                           true);
+        linea.opcion(QStringLiteral("ruc"), QStringLiteral("RUC"), QStringLiteral("el RUC del contribuyente"));
+        linea.opcion(QStringLiteral("periodo"), QStringLiteral("AAAAMM"), QStringLiteral("el periodo de la declaración"));
+        linea.opcion(QStringLiteral("correl"), QStringLiteral("C"), QStringLiteral("el correlativo de una declaración enviada"));
+        linea.opcion(QStringLiteral("spool"), QStringLiteral("ARCHIVO.PRN"), QStringLiteral("copia el archivo de spool"));
+        linea.opcion(QStringLiteral("pdf"), QStringLiteral("ARCHIVO.pdf"), QStringLiteral("lo dibuja en PDF como la vista previa"));
+        linea.opcion(QStringLiteral("desde"), QStringLiteral("N"), QStringLiteral("primera página del PDF"));
+        linea.opcion(QStringLiteral("hasta"), QStringLiteral("M"), QStringLiteral("última página del PDF"));
+        if (!linea.leer(argumentos))
+            return 0;
         QMap<QString, QString> propias;
-        const QStringList nombres{"--ruc", "--periodo", "--correl", "--spool", "--pdf", "--desde", "--hasta"};
-        QStringList comunes;
-        for (int i = 0; i < argumentos.size(); ++i) {
-            const QString& a = argumentos[i];
-            const int igual = a.indexOf(QLatin1Char('='));
-            const QString nombre = igual > 0 ? a.left(igual) : a;
-            if (!nombres.contains(nombre)) {
-                comunes << a;
-                continue;
-            }
-            if (igual > 0) {
-                propias[nombre] = a.mid(igual + 1);
-            } else {
-                if (i + 1 >= argumentos.size())
-                    throw ErrorEntrada(QStringLiteral("falta el valor de %1; %2").arg(a, kUso));
-                propias[nombre] = argumentos[++i];
-            }
-        }
-        const OpcionesCli o = leerOpciones(comunes, 0, kUso);
-        const QString ruc = propias.value(QStringLiteral("--ruc")).trimmed();
-        const QString periodo = propias.value(QStringLiteral("--periodo")).trimmed();
+        for (const char* n : {"correl", "spool", "pdf", "desde", "hasta"})
+            if (linea.tiene(QString::fromLatin1(n)))
+                propias[QStringLiteral("--") + QString::fromLatin1(n)] = linea.valor(QString::fromLatin1(n));
+        // The files named are where the user stood, whatever the settings file does.
+        for (const char* n : {"--spool", "--pdf"})
+            if (propias.contains(QString::fromLatin1(n)))
+                propias[QString::fromLatin1(n)] = QFileInfo(propias[QString::fromLatin1(n)]).absoluteFilePath();
+        const QString ruc = linea.valor(QStringLiteral("ruc")).trimmed();
+        const QString periodo = linea.valor(QStringLiteral("periodo")).trimmed();
         const QString correl = propias.value(QStringLiteral("--correl")).trimmed();
         if (ruc.isEmpty() || periodo.isEmpty())
             throw ErrorEntrada(kUso);
@@ -111,7 +109,7 @@ int comandoInforme(const QStringList& argumentos)
             rango = RangoHojas{true, CInt(Val(desde)), CInt(Val(hasta))};
         }
 
-        prepararEntorno(o);
+        prepararEntorno(linea.comunes());
         RespondedorGuion mensajes;
         instalarRespondedor(&mensajes);
         struct AlSalir {
@@ -158,6 +156,6 @@ int comandoInforme(const QStringList& argumentos)
     });
 }
 
-RegistroComando registro("informe", &comandoInforme);
+RegistroComando registro("informe", &comandoInforme, "construye el reporte de una declaración guardada, y su PDF");
 
 } // namespace

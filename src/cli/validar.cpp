@@ -23,9 +23,11 @@
 QJsonArray inconsistenciasDe(Frm931& frm)
 {
     Globales& g = G();
-    QTemporaryDir carpeta;
+    // One folder for the run: a batch validates declaration after declaration in it.
+    static const QTemporaryDir carpeta;
     const QString anterior = g.gsArchMens;
     g.gsArchMens = carpeta.filePath(QStringLiteral("Mens.txt"));
+    QFile::remove(g.gsArchMens);   // what an earlier declaration left is not this one's
     try {
         frm.ValidaFormulario();
     } catch (...) {
@@ -56,21 +58,26 @@ int estadoDe(Frm931& frm)
 
 namespace {
 
-const QString kUso = QStringLiteral(
-    "uso: f931 validar [--base ARCHIVO.db] [--hoy AAAA-MM-DD] [--usuario USUARIO] ENTRADA.json");
-
 int comandoValidar(const QStringList& argumentos)
 {
-    return ejecutarDeclaracion(argumentos, kUso, [](Frm931& frm, RespondedorGuion& respondedor, QJsonObject& salida) {
-        const QJsonArray lineas = inconsistenciasDe(frm);
-        const int estado = estadoDe(frm);
-        salida = salidaCalcular(frm, respondedor);
-        salida.insert(QStringLiteral("inconsistencias"), lineas);
-        salida.insert(QStringLiteral("estado"), estado);
-        return 0;
+    return ejecutarComando([&] {
+        LineaComando linea(QStringLiteral("validar"), QStringLiteral("ENTRADA.json"), 1, 1,
+                           QStringLiteral("Como calcular, y además las pasadas de validación: inconsistencias (las\n"
+                                          "líneas de Mens.txt) y estado (0 consistente, 9 con inconsistencias)."),
+                           true);
+        if (!linea.leer(argumentos))
+            return 0;
+        return ejecutarDeclaracion(linea, [](Frm931& frm, RespondedorGuion& respondedor, QJsonObject& salida, QString&) {
+            const QJsonArray lineas = inconsistenciasDe(frm);
+            const int estado = estadoDe(frm);
+            salida = salidaCalcular(frm, respondedor);
+            salida.insert(QStringLiteral("inconsistencias"), lineas);
+            salida.insert(QStringLiteral("estado"), estado);
+            return 0;
+        });
     });
 }
 
-RegistroComando registro("validar", &comandoValidar);
+RegistroComando registro("validar", &comandoValidar, "como calcular, con las inconsistencias y el estado");
 
 }  // namespace

@@ -375,7 +375,18 @@ void Frm931::setTxt(int n, const QString& texto)
 
 double Frm931::N(int c) const
 {
-    return Val(Format(caja(c).Text, Mascara::SinPicture));
+    // The reading depends on the text alone, and the chain reads the same few texts over and
+    // over (a total reads every box it adds at each key): each text is worked out once.
+    static QHash<QString, double> lecturas;
+    const QString& texto = caja(c).Text;
+    const auto it = lecturas.constFind(texto);
+    if (it != lecturas.constEnd())
+        return *it;
+    if (lecturas.size() >= 4096)
+        lecturas.clear();
+    const double valor = Val(Format(texto, Mascara::SinPicture));
+    lecturas.insert(texto, valor);
+    return valor;
 }
 
 double Frm931::A(int c) const

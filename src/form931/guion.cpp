@@ -5,6 +5,7 @@
 #include "basic/respondedor_guion.h"
 #include "basic/texto.h"
 #include "dialogs/anexo477.h"
+#include "dialogs/ubigeo.h"
 #include "form931/casillas.h"
 #include "shell/globales.h"
 
@@ -38,13 +39,34 @@ const QStringList& codigosDerivados()
     return lista;
 }
 
-bool codigoConocido(const QString& codigo)
+// A value refused by its box, with the reason.
+[[noreturn]] void rehusarValor(const QString& codigo, const QString& valor, const QString& motivo)
 {
-    if (codigosSinCaja().contains(codigo) || codigosDerivados().contains(codigo))
-        return true;
-    bool ok = false;
-    const int n = codigo.toInt(&ok);
-    return ok && codigo.size() == 3 && existeCasilla(n);
+    throw ErrorEntrada(QStringLiteral("la casilla %1 no admite el valor %2 (%3)").arg(codigo, citarEntrada(valor), motivo));
+}
+
+// The key a filter gave for a character: it must be the character itself. A control
+// character never is (Backspace and Enter edit or move, they are not part of a value).
+void exigirTecla(const QString& codigo, const QString& valor, QChar c, int tecla)
+{
+    if (c.unicode() < 32 || tecla == 0)
+        rehusarValor(codigo, valor, QStringLiteral("carácter no admitido: %1").arg(citarEntrada(QString(c))));
+    if (tecla != c.unicode())
+        rehusarValor(codigo, valor, QStringLiteral("%1 se teclea como %2").arg(citarEntrada(QString(c)), citarEntrada(QString(QChar(tecla)))));
+}
+
+void exigirLargo(const QString& codigo, const QString& valor, int largoActual, int maximo)
+{
+    if (maximo > 0 && largoActual >= maximo)
+        rehusarValor(codigo, valor, QStringLiteral("más de %1 caracteres").arg(maximo));
+}
+
+// One character of an answer's codes.
+int indiceRespuesta(const QString& codigo, const QString& v, int cuantos)
+{
+    if (v.size() == 1 && v[0] >= QLatin1Char('0') && v[0].unicode() < '0' + cuantos)
+        return v[0].unicode() - '0';
+    rehusarValor(codigo, v, QStringLiteral("admite de 0 a %1").arg(cuantos - 1));
 }
 
 class Reproduccion {
@@ -57,7 +79,7 @@ public:
         abrirNueva();
         elegirContribuyente();
         if (tiene("028"))
-            teclearControl(QStringLiteral("TxtTelefono"), valor("028"));
+            teclearControl(QStringLiteral("TxtTelefono"), valor("028"), "028");
         if (tiene("056"))
             marcarRegimen(valor("056"));
         respuestasRegimen();
@@ -97,27 +119,20 @@ private:
     }
 
     // Typing into a plain control: each key through its key rule, the text through its change.
-    void teclearControl(const QString& control, const QString& texto)
+    void teclearControl(const QString& control, const QString& texto, const char* casilla)
     {
+        const QString codigo = QString::fromLatin1(casilla);
         frm.darFoco(control);
         Caja* caja = frm.cajaControl(control);
         if (!caja)
             throw ErrorEntrada(QStringLiteral("el control %1 no existe").arg(control));
         if (!caja->Enabled || caja->Locked)
-            throw ErrorEntrada(QStringLiteral("el control %1 está cerrado").arg(control));
+            throw ErrorEntrada(QStringLiteral("la casilla %1 está cerrada").arg(codigo));
         for (const QChar c : texto) {
-            const int k = frm.teclaControl(control, c.unicode());
-            if (k == 0)
-                continue;
+            exigirTecla(codigo, texto, c, c.unicode() < 32 ? 0 : frm.teclaControl(control, c.unicode()));
             Caja* actual = frm.cajaControl(control);
-            QString nuevo = actual->Text;
-            if (caja->MaxLength > 0 && nuevo.size() >= caja->MaxLength && k != 8)
-                continue;
-            if (k == 8)
-                nuevo.chop(1);
-            else
-                nuevo += QChar(k);
-            frm.escribirControl(control, nuevo);
+            exigirLargo(codigo, texto, actual->Text.size(), actual->MaxLength);
+            frm.escribirControl(control, actual->Text + c);
         }
     }
 
@@ -125,15 +140,22 @@ private:
     // blank. The date comes as "yyyymmdd" or "dd/mm/yyyy".
     void teclearFecha(const QString& control, const QString& fecha, const QString& codigo)
     {
+        auto digitosEn = [&](std::initializer_list<int> posiciones) {
+            QString d;
+            for (int i : posiciones) {
+                if (fecha[i] < QLatin1Char('0') || fecha[i] > QLatin1Char('9'))
+                    return QString();
+                d += fecha[i];
+            }
+            return d;
+        };
         QString digitos;
-        if (fecha.size() == 8 && !fecha.contains(QLatin1Char('/')))
-            digitos = fecha.mid(6, 2) + fecha.mid(4, 2) + fecha.left(4);
-        else
-            for (const QChar c : fecha)
-                if (c.isDigit())
-                    digitos += c;
+        if (fecha.size() == 8)
+            digitos = digitosEn({6, 7, 4, 5, 0, 1, 2, 3});
+        else if (fecha.size() == 10 && fecha[2] == QLatin1Char('/') && fecha[5] == QLatin1Char('/'))
+            digitos = digitosEn({0, 1, 3, 4, 6, 7, 8, 9});
         if (digitos.size() != 8)
-            throw ErrorEntrada(QStringLiteral("la casilla %1 no es una fecha: %2").arg(codigo, fecha));
+            rehusarValor(codigo, fecha, QStringLiteral("fecha como aaaammdd o dd/mm/aaaa"));
         frm.darFoco(control);
         Caja* caja = frm.cajaControl(control);
         if (!caja->Enabled || caja->Locked)
@@ -141,13 +163,9 @@ private:
         QString texto = QStringLiteral("__/__/____");
         frm.escribirControl(control, texto);
         for (const QChar c : digitos) {
-            const int k = frm.teclaControl(control, c.unicode());
-            if (k == 0)
-                continue;
+            exigirTecla(codigo, fecha, c, frm.teclaControl(control, c.unicode()));
             const int pos = texto.indexOf(QLatin1Char('_'));
-            if (pos < 0)
-                break;
-            texto[pos] = QChar(k);
+            texto[pos] = c;
             frm.escribirControl(control, texto);
         }
     }
@@ -157,12 +175,10 @@ private:
     {
         if (!tiene(codigo))
             return;
-        const QString v = valor(codigo).trimmed();
+        const QString v = valor(codigo);
         if (v.isEmpty())
             return;
-        if (v != QLatin1String("0") && v != QLatin1String("1"))
-            throw ErrorEntrada(QStringLiteral("la casilla %1 admite 0 o 1, no %2").arg(QString::fromLatin1(codigo), v));
-        marcarOpcion(grupo, v.toInt(), codigo);
+        marcarOpcion(grupo, indiceRespuesta(QString::fromLatin1(codigo), v, 2), codigo);
     }
 
     void marcarOpcion(GrupoOpciones& grupo, int indice, const char* codigo)
@@ -176,9 +192,9 @@ private:
     {
         static const QStringList codigos = {QStringLiteral("4"), QStringLiteral("1"), QStringLiteral("2"),
                                             QStringLiteral("3"), QStringLiteral("6"), QStringLiteral("8")};
-        const int i = codigos.indexOf(codigo.trimmed());
+        const int i = codigos.indexOf(codigo);
         if (i < 0)
-            throw ErrorEntrada(QStringLiteral("régimen desconocido en la casilla 056: %1").arg(codigo));
+            rehusarValor(QStringLiteral("056"), codigo, QStringLiteral("régimen 4, 1, 2, 3, 6 u 8"));
         marcarOpcion(frm.optRenta, i, "056");
     }
 
@@ -186,7 +202,8 @@ private:
     {
         if (!tiene(codigo))
             return;
-        entorno.ubigeo = valor(codigo).trimmed();
+        entorno.ubigeo = valor(codigo);
+        entorno.casillaUbigeo = QString::fromLatin1(codigo);
         Boton& b = segundo ? frm.CmdZona2 : frm.CmdZona1;
         if (!b.Enabled || !b.Visible)
             throw ErrorEntrada(QStringLiteral("el ubigeo de la casilla %1 está cerrado").arg(QString::fromLatin1(codigo)));
@@ -199,8 +216,8 @@ private:
     void respuestasRegimen()
     {
         marcarSiNo(frm.OptPersona, "813");
-        if (tiene("200") && !valor("200").trimmed().isEmpty()) {
-            teclearFecha(QStringLiteral("MkePeriodo"), valor("200").trimmed(), QStringLiteral("200"));
+        if (tiene("200") && !valor("200").isEmpty()) {
+            teclearFecha(QStringLiteral("MkePeriodo"), valor("200"), QStringLiteral("200"));
             frm.darFoco(QStringLiteral("TxtTelefono"));
         }
         marcarSiNo(frm.OptUbicAmazonia, "809");
@@ -211,17 +228,13 @@ private:
         marcarSiNo(frm.OptActividad, "601");
         marcarSiNo(frm.OptFrontera, "602");
         ubigeo("603", true);
-        if (tiene("804")) {
-            const QString v = valor("804").trimmed();
-            bool ok = false;
-            const int i = v.toInt(&ok);
-            if (!ok || i < 0 || i > 4)
-                throw ErrorEntrada(QStringLiteral("la casilla 804 admite 0 a 4, no %1").arg(v));
+        if (tiene("804") && !valor("804").isEmpty()) {
+            const int i = indiceRespuesta(QStringLiteral("804"), valor("804"), 5);
             if (i > 0)
                 marcarOpcion(frm.OptConvEstab, i, "804");
         }
         if (tiene("224"))
-            teclearControl(QStringLiteral("TxtNumOrdenF2305"), valor("224"));
+            teclearControl(QStringLiteral("TxtNumOrdenF2305"), valor("224"), "224");
     }
 
     void bloquePago()
@@ -229,12 +242,8 @@ private:
         marcarSiNo(frm.OptInicio, "605");
         marcarSiNo(frm.OptPrecedente, "606");
         marcarSiNo(frm.OptAnterior, "607");
-        if (tiene("608") && !valor("608").trimmed().isEmpty()) {
-            const QString v = valor("608").trimmed();
-            bool ok = false;
-            const int i = v.toInt(&ok);
-            if (!ok || i < 0 || i >= frm.CboBalance.items.size())
-                throw ErrorEntrada(QStringLiteral("la casilla 608 admite 0 o 1, no %1").arg(v));
+        if (tiene("608") && !valor("608").isEmpty()) {
+            const int i = indiceRespuesta(QStringLiteral("608"), valor("608"), static_cast<int>(frm.CboBalance.items.size()));
             // Before 2013 a profit in the previous year fixes the date itself and shuts the list.
             if (!frm.CboBalance.Enabled && frm.CboBalance.ListIndex == i)
                 return bloqueSuspension();
@@ -250,9 +259,9 @@ private:
     {
         marcarSiNo(frm.OptSuspPC, "611");
         if (tiene("612"))
-            teclearControl(QStringLiteral("txtNumRes"), valor("612"));
-        if (tiene("613") && !valor("613").trimmed().isEmpty())
-            teclearFecha(QStringLiteral("mkefecnot"), valor("613").trimmed(), QStringLiteral("613"));
+            teclearControl(QStringLiteral("txtNumRes"), valor("612"), "612");
+        if (tiene("613") && !valor("613").isEmpty())
+            teclearFecha(QStringLiteral("mkefecnot"), valor("613"), QStringLiteral("613"));
     }
 
     // A box given the focus, typed and left.
@@ -269,10 +278,15 @@ private:
         frm.darFocoCasilla(n);
         if (frm.foco != Frm931::nombreCasilla(n))
             throw ErrorEntrada(QStringLiteral("la casilla %1 no puede recibir el foco").arg(codigoCasilla(n)));
-        // The user selects what the box holds and types over it.
+        // The user selects what the box holds and types over it, key by key.
         if (!frm.txt(n).isEmpty())
             frm.setTxt(n, QString());
-        frm.teclear(n, texto);
+        const QString codigo = codigoCasilla(n);
+        for (const QChar c : texto) {
+            exigirTecla(codigo, texto, c, c.unicode() < 32 ? 0 : frm.TxtValor_KeyPress(n, c.unicode()));
+            exigirLargo(codigo, texto, frm.txt(n).size(), frm.caja(n).MaxLength);
+            frm.setTxt(n, frm.txt(n) + c);
+        }
         frm.darFoco(QStringLiteral("CmdValidar"));
     }
 
@@ -324,34 +338,35 @@ private:
             const QString& item = lista.items[i];
             if (Trim(item).isEmpty())
                 continue;
-            if (alFinal ? item.endsWith(codigo) : item.startsWith(codigo)) {
+            // The list's click takes the code from the item's last or first two characters.
+            if ((alFinal ? Right(item, 2) : Left(item, 2)) == codigo) {
                 frm.darFoco(control);
                 frm.elegir(lista, i);
                 return;
             }
         }
-        throw ErrorEntrada(QStringLiteral("la casilla %1 no está en la lista: %2").arg(QString::fromLatin1(casilla), codigo));
+        rehusarValor(QString::fromLatin1(casilla), codigo, QStringLiteral("no está en la lista"));
     }
 
     void informacionComplementaria()
     {
         if (tiene("815"))
-            teclearControl(QStringLiteral("TxtNombreA"), valor("815"));
+            teclearControl(QStringLiteral("TxtNombreA"), valor("815"), "815");
         if (tiene("816"))
-            teclearControl(QStringLiteral("TxtNombreN"), valor("816"));
-        if (tiene("209") && !valor("209").trimmed().isEmpty())
-            elegirLinea(frm.CmbZona, QStringLiteral("CmbZona"), valor("209").trimmed(), true, "209");
+            teclearControl(QStringLiteral("TxtNombreN"), valor("816"), "816");
+        if (tiene("209") && !valor("209").isEmpty())
+            elegirLinea(frm.CmbZona, QStringLiteral("CmbZona"), valor("209"), true, "209");
         for (int n : {208, 211, 212}) {
             const QString codigo = codigoCasilla(n);
             if (e.casillas.contains(codigo))
                 teclearCasilla(n, e.casillas.value(codigo));
         }
         if (tiene("817"))
-            teclearControl(QStringLiteral("txtApellidoRL"), valor("817"));
+            teclearControl(QStringLiteral("txtApellidoRL"), valor("817"), "817");
         if (tiene("818"))
-            teclearControl(QStringLiteral("txtNombreRL"), valor("818"));
-        if (tiene("225") && !valor("225").trimmed().isEmpty())
-            elegirLinea(frm.cboTipDocRepLegal, QStringLiteral("cboTipDocRepLegal"), valor("225").trimmed(), false, "225");
+            teclearControl(QStringLiteral("txtNombreRL"), valor("818"), "818");
+        if (tiene("225") && !valor("225").isEmpty())
+            elegirLinea(frm.cboTipDocRepLegal, QStringLiteral("cboTipDocRepLegal"), valor("225"), false, "225");
         if (tiene("226"))
             teclearCasilla(226, valor("226"));
     }
@@ -363,48 +378,35 @@ private:
 
 }  // namespace
 
-EntradaDeclaracion leerEntrada(const QByteArray& json)
+bool codigoDeEntrada(const QString& codigo, bool* derivado)
 {
-    QJsonParseError error;
-    const QJsonDocument doc = QJsonDocument::fromJson(json, &error);
-    if (error.error != QJsonParseError::NoError)
-        throw ErrorEntrada(QStringLiteral("JSON mal formado en la posición %1: %2").arg(error.offset).arg(error.errorString()));
-    if (!doc.isObject())
-        throw ErrorEntrada(QStringLiteral("la entrada debe ser un objeto JSON"));
-    const QJsonObject raiz = doc.object();
-    for (auto it = raiz.begin(); it != raiz.end(); ++it)
-        if (it.key() != QLatin1String("ruc") && it.key() != QLatin1String("casillas"))
-            throw ErrorEntrada(QStringLiteral("clave desconocida en la entrada: %1").arg(it.key()));
-    EntradaDeclaracion e;
-    if (!raiz.value(QStringLiteral("ruc")).isString() || raiz.value(QStringLiteral("ruc")).toString().trimmed().isEmpty())
-        throw ErrorEntrada(QStringLiteral("falta el RUC del contribuyente (\"ruc\")"));
-    e.ruc = raiz.value(QStringLiteral("ruc")).toString().trimmed();
-    const QJsonValue casillas = raiz.value(QStringLiteral("casillas"));
-    if (!casillas.isUndefined() && !casillas.isObject())
-        throw ErrorEntrada(QStringLiteral("\"casillas\" debe ser un objeto"));
-    const QJsonObject obj = casillas.toObject();
-    for (auto it = obj.begin(); it != obj.end(); ++it) {
-        const QString codigo = it.key();
-        if (!codigoConocido(codigo))
-            throw ErrorEntrada(QStringLiteral("casilla desconocida: %1").arg(codigo));
-        QString texto;
-        if (it.value().isString()) {
-            texto = it.value().toString();
-        } else if (it.value().isDouble()) {
-            const double d = it.value().toDouble();
-            if (d != static_cast<double>(static_cast<qint64>(d)))
-                throw ErrorEntrada(QStringLiteral("la casilla %1 lleva decimales: %2").arg(codigo).arg(d));
-            texto = QString::number(static_cast<qint64>(d));
-        } else {
-            throw ErrorEntrada(QStringLiteral("el valor de la casilla %1 debe ser texto o número").arg(codigo));
-        }
-        if (codigo == QLatin1String("002") && Trim(texto) != e.ruc)
-            throw ErrorEntrada(QStringLiteral("la casilla 002 (%1) no es el RUC de la entrada (%2)").arg(Trim(texto), e.ruc));
-        if (codigosDerivados().contains(codigo))
-            continue;
-        e.casillas.insert(codigo, texto);
+    const bool esDerivado = codigosDerivados().contains(codigo);
+    if (derivado)
+        *derivado = esDerivado;
+    if (esDerivado || codigosSinCaja().contains(codigo))
+        return true;
+    if (codigo.size() != 3)
+        return false;
+    for (const QChar c : codigo)
+        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
+            return false;
+    return existeCasilla(codigo.toInt());
+}
+
+QString citarEntrada(const QString& valor)
+{
+    constexpr int kLargo = 40;
+    QString s = QStringLiteral("\"");
+    for (const QChar c : valor.left(kLargo)) {
+        if (c.unicode() < 32 || c.unicode() == 127)
+            s += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+        else
+            s += c;
     }
-    return e;
+    s += QLatin1Char('"');
+    if (valor.size() > kLargo)
+        s += QStringLiteral("…");
+    return s;
 }
 
 void EntornoSinPantalla::abrirAnexo477(Frm931& frm, int nCasilla)
@@ -417,7 +419,12 @@ void EntornoSinPantalla::abrirAnexo477(Frm931& frm, int nCasilla)
     for (int i = 0; i < 2; ++i) {
         anexo.TxtMonto_GotFocus(i);
         anexo.setMonto(i, QString());   // the old figure selected and typed over
-        anexo.teclear(i, textos[i]);
+        const QString codigo = codigoCasilla(anexo.casillaParte(i));
+        for (const QChar c : textos[i]) {
+            exigirTecla(codigo, textos[i], c, c.unicode() < 32 ? 0 : anexo.TxtMonto_KeyPress(i, c.unicode()));
+            exigirLargo(codigo, textos[i], anexo.TxtMonto[i].Text.size(), anexo.TxtMonto[i].MaxLength);
+            anexo.setMonto(i, anexo.TxtMonto[i].Text + c);
+        }
         anexo.TxtMonto_LostFocus(i);
     }
     anexo.CmdGrabar_Click();
@@ -425,14 +432,17 @@ void EntornoSinPantalla::abrirAnexo477(Frm931& frm, int nCasilla)
 
 void EntornoSinPantalla::abrirUbigeo(const QString& caption)
 {
-    // The picker accepts the code given; an empty code is the user's cancel.
+    // An empty code is the user's cancel; any other must be a district the picker offers.
     if (ubigeo.isEmpty()) {
         G().gsZonaSel.clear();
         return;
     }
-    G().gsZonaSel = Trim(caption).right(1);
+    FrmUbigeo picker(caption);
     G().gsUbigeoSel = ubigeo;
-    G().gsUbigeoCopia = ubigeo;
+    picker.Form_Load();
+    if (picker.CodigoUbigeo() != ubigeo)
+        rehusarValor(casillaUbigeo, ubigeo, QStringLiteral("no es un distrito del catálogo"));
+    picker.cmdAccion_Click(0);
 }
 
 void reproducirEntrada(Frm931& frm, EntornoSinPantalla& entorno, const EntradaDeclaracion& entrada)

@@ -26,7 +26,13 @@ struct EntradaDeclaracion {
     QMap<QString, QString> casillas;   // by three-digit code
 };
 
-EntradaDeclaracion leerEntrada(const QByteArray& json);   // throws ErrorEntrada
+// Whether a code may stand in the input: a box, an item without a box, or an item the form
+// derives itself (002, 007, 801, 609, 662, 721: accepted so that a stored declaration
+// replays, never typed; `derivado` tells them).
+bool codigoDeEntrada(const QString& codigo, bool* derivado = nullptr);
+// A value of the input as a message quotes it: between double quotes, control characters
+// as \uXXXX, cut after 40 characters, so that the message stays one line.
+QString citarEntrada(const QString& valor);
 
 // The form's surroundings without a screen: the annex takes the parts given in the input, the
 // geographic picker returns the code given, the other dialogs do nothing.
@@ -35,12 +41,17 @@ public:
     void abrirAnexo477(Frm931& frm, int nCasilla) override;
     void abrirUbigeo(const QString& caption) override;
     QMap<int, QPair<QString, QString>> partesAnexo;    // 473 -> (650, 651), 477 -> (432, 433)
-    QString ubigeo;                                     // code the picker returns
+    QString ubigeo;                                     // code the picker is to accept
+    QString casillaUbigeo;                              // its casilla, for the refusal
 };
 
 // Opens a new declaration as "&Nueva" does and replays the input in the users' order.
 // Throws ErrorEntrada for an unknown code, a taxpayer not listed in CmbRuc, a value for a box
-// that is locked when its turn comes, 473 or 477 without their parts.
+// that is locked when its turn comes, 473 or 477 without their parts, and a value the box
+// would not take as it stands: a key its key filter drops or changes, more characters than
+// its length while it has the focus, an answer that is not one of its codes, a date that is
+// not "yyyymmdd" or "dd/mm/yyyy", a geographic code the picker does not offer. Input is
+// typed exactly or refused, never altered.
 void reproducirEntrada(Frm931& frm, EntornoSinPantalla& entorno, const EntradaDeclaracion& entrada);
 
 // The `calcular` output: periodo, tasa, sistema, presentacion, uit, casillas, mensajes.

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSqlDriver>
+#include <QHash>
 #include <QSqlError>
 #include <QUrl>
 
@@ -128,6 +129,24 @@ void ejecutarDirecto(QSqlDatabase& db, const QString& sql)
         throw errorDe(q.lastError());
 }
 
+// While a batch runs (empezarLote), statements stay prepared, by their SQL text: a save
+// repeats the same few hundred statements, and preparing them again costs more than running
+// them. A statement run again ends the result of its previous run.
+bool gLote = false;
+
+QHash<QString, QSqlQuery>& preparadas()
+{
+    static QHash<QString, QSqlQuery> tabla;
+    return tabla;
+}
+
+// Ends every kept result, so that no statement holds a read snapshot of the file.
+void soltarPreparadas()
+{
+    for (QSqlQuery& q : preparadas())
+        q.finish();
+}
+
 QString uriDe(const QFileInfo& info, const char* modo)
 {
     // A URI with a mode never creates the file.
@@ -208,6 +227,11 @@ QString baseNoDisponible()
     return gNoDisponible;
 }
 
+void olvidarNoDisponible()
+{
+    gNoDisponible.clear();
+}
+
 void abrirBase(const QString& archivo)
 {
     cerrarBase();
@@ -256,6 +280,8 @@ void abrirBase(const QString& archivo)
 
 void cerrarBase()
 {
+    gLote = false;
+    preparadas().clear();
     if (QSqlDatabase::contains(kConexion)) {
         {
             QSqlDatabase db = QSqlDatabase::database(kConexion, false);
@@ -272,6 +298,22 @@ void cerrarBase()
     gCondenada = false;
 }
 
+void empezarLote()
+{
+    QSqlDatabase db = conexionAbierta();
+    ejecutarDirecto(db, QStringLiteral("PRAGMA synchronous = NORMAL"));
+    gLote = true;
+}
+
+void terminarLote()
+{
+    QSqlDatabase db = conexionAbierta();
+    gLote = false;
+    preparadas().clear();
+    ejecutarDirecto(db, QStringLiteral("PRAGMA wal_checkpoint(FULL)"));
+    ejecutarDirecto(db, QStringLiteral("PRAGMA synchronous = FULL"));
+}
+
 QSqlDatabase gdbBase()
 {
     if (G().gdbBase.isEmpty())
@@ -282,11 +324,22 @@ QSqlDatabase gdbBase()
 QSqlQuery ejecutar(const QString& sql, const QVariantList& valores)
 {
     QSqlDatabase db = conexionAbierta();
-    QSqlQuery q(db);
-    if (!q.prepare(sql))
-        throw errorDe(q.lastError());
-    for (const QVariant& v : valores)
-        q.addBindValue(v);
+    const auto guardada = gLote ? preparadas().constFind(sql) : preparadas().constEnd();
+    // A kept statement is handed out as a copy, which shares it (what Qt deprecates copies for).
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    QSqlQuery q = guardada != preparadas().constEnd() ? *guardada : QSqlQuery(db);
+    if (guardada == preparadas().constEnd()) {
+        if (gLote)
+            q.setForwardOnly(true);   // read once, row after row: no copy of the rows kept
+        if (!q.prepare(sql))
+            throw errorDe(q.lastError());
+        if (gLote)
+            preparadas().insert(sql, q);
+    }
+    QT_WARNING_POP
+    for (int i = 0; i < valores.size(); ++i)
+        q.bindValue(i, valores[i]);
     if (!q.exec())
         throw errorDe(q.lastError());
     return q;
@@ -304,6 +357,7 @@ Transaccion::Transaccion()
 {
     QSqlDatabase db = conexionAbierta();
     if (gProfundidad == 0) {
+        soltarPreparadas();
         // IMMEDIATE takes the write lock at once, so reading a counter and writing its
         // successor can't interleave with another process doing the same.
         ejecutarDirecto(db, QStringLiteral("BEGIN IMMEDIATE"));
@@ -353,4 +407,6 @@ void Transaccion::commit()
         r.exec(QStringLiteral("ROLLBACK"));
         throw error;
     }
+    if (gLote)
+        soltarPreparadas();   // nothing read inside the transaction keeps its snapshot after it
 }

@@ -32,9 +32,18 @@ const QStringList& tablasDelModulo();
 // and goes on (the save of the form) leaves it here for a caller that must tell "database
 // unavailable" from a refusal of the rules.
 QString baseNoDisponible();
+// Forgets that text: a batch asks it afresh for each declaration.
+void olvidarNoDisponible();
 
 // Prepares, binds the values in order and runs; throws ErrorVB on failure: 3051 when the
 // database is unavailable (locked beyond the wait, read-only), else 3146 with the engine's text.
+
+// A batch of saves in one process (f931 importar of several declarations): each commit still
+// stands whole or not at all, but no longer waits for the disk (synchronous NORMAL under the
+// WAL journal); terminarLote() writes the journal into the file, waiting once for them all.
+void empezarLote();
+void terminarLote();
+
 QSqlQuery ejecutar(const QString& sql, const QVariantList& valores = {});
 // First column of the first row, or an invalid QVariant when there is no row.
 QVariant escalar(const QString& sql, const QVariantList& valores = {});

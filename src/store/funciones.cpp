@@ -14,6 +14,8 @@
 #include <QSqlField>
 #include <QSqlQuery>
 
+#include <cmath>
+
 namespace {
 
 // Code of a character in the Windows ANSI page the family's texts are written in; a
@@ -67,6 +69,9 @@ QString textoColumna(const QVariant& v)
 
 QString ultimosTres(double suma)
 {
+    // A whole sum below 10^15, as every sum of a row is, shows its own last three digits.
+    if (suma >= 0 && suma < 1e15 && suma == std::floor(suma))
+        return QString::number(static_cast<qint64>(suma) % 1000).rightJustified(3, QLatin1Char('0'));
     const QString veinte = Format(suma, QStringLiteral("00000000000000000000"));
     return Right(Right(veinte, 15), 3);
 }

@@ -5,7 +5,7 @@
 #include "store/crear.h"
 #include "store/funciones.h"
 
-#include "rutas_prueba.h"
+#include "cli/proceso.h"
 #include <QElapsedTimer>
 #include <QFile>
 #include <QJsonArray>
@@ -26,12 +26,6 @@ namespace {
 const QString kRuc = DatosDemo::kRucAndina;
 const QString kPeriodo = QStringLiteral("202608");
 const QString kHoy = QStringLiteral("2026-11-22");
-
-struct Resultado {
-    int codigo = -1;
-    QJsonObject salida;
-    QString error;
-};
 
 class Comandos : public PruebaConBase {
 protected:
@@ -57,19 +51,9 @@ protected:
         return {QStringLiteral("--base"), base, QStringLiteral("--hoy"), kHoy, QStringLiteral("--usuario"), DatosDemo::kAdmin};
     }
 
-    Resultado f931(const QString& comando, const QStringList& argumentos)
-    {
-        QProcess p;
-        p.start(QStringLiteral(F931_BIN_F931), QStringList{comando} + argumentos);
-        p.waitForFinished(60000);
-        Resultado r;
-        r.codigo = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-        r.salida = QJsonDocument::fromJson(p.readAllStandardOutput()).object();
-        r.error = QString::fromUtf8(p.readAllStandardError());
-        return r;
-    }
+    Corrida f931(const QString& comando, const QStringList& argumentos) { return ::f931(QStringList{comando} + argumentos); }
 
-    Resultado importar(const QString& entrada, const QString& base)
+    Corrida importar(const QString& entrada, const QString& base)
     {
         return f931(QStringLiteral("importar"), comunes(base) << entrada);
     }
@@ -90,41 +74,35 @@ TEST_F(Comandos, ValidarInformaEImportarGrabaLoQueValidarDijo)
     EntradaDeclaracion mala = declaracionConsistente();
     mala.casillas[QStringLiteral("532")] = QStringLiteral("401");
     const QString entrada = escribirEntrada(mala);
-    Resultado r = f931(QStringLiteral("validar"), comunes(familia.baseDatos()) << entrada);
-    ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
-    EXPECT_EQ(r.salida.value(QStringLiteral("estado")).toInt(-1), 9);
-    EXPECT_EQ(r.salida.value(QStringLiteral("inconsistencias")).toArray(),
+    Corrida r = f931(QStringLiteral("validar"), comunes(familia.baseDatos()) << entrada);
+    ASSERT_EQ(r.codigo, 0) << r.errores.join(QLatin1Char('\n')).toStdString();
+    EXPECT_EQ(r.json().value(QStringLiteral("estado")).toInt(-1), 9);
+    EXPECT_EQ(r.json().value(QStringLiteral("inconsistencias")).toArray(),
               QJsonArray{QStringLiteral("El Total Activo debe ser igual a Total Pasivo + Patrimonio")});
-    EXPECT_EQ(r.salida.value(QStringLiteral("casillas")).toObject().value(QStringLiteral("531")).toString(), QStringLiteral("1,000"));
+    EXPECT_EQ(r.json().value(QStringLiteral("casillas")).toObject().value(QStringLiteral("531")).toString(), QStringLiteral("1,000"));
     EXPECT_EQ(contar(QStringLiteral("CAB")), 0);
 
-    const Resultado grabada = importar(entrada, familia.baseDatos());
-    ASSERT_EQ(grabada.codigo, 0) << grabada.error.toStdString();
-    EXPECT_EQ(grabada.salida.value(QStringLiteral("inconsistencias")), r.salida.value(QStringLiteral("inconsistencias")));
-    EXPECT_EQ(grabada.salida.value(QStringLiteral("estado")).toInt(-1), escalar(QStringLiteral("SELECT ESTADO FROM CAB")).toInt());
-    EXPECT_TRUE(textos(grabada.salida).last().startsWith(QStringLiteral("La información de la declaración fue grabada con")));
+    const Corrida grabada = importar(entrada, familia.baseDatos());
+    ASSERT_EQ(grabada.codigo, 0) << grabada.errores.join(QLatin1Char('\n')).toStdString();
+    EXPECT_EQ(grabada.json().value(QStringLiteral("inconsistencias")), r.json().value(QStringLiteral("inconsistencias")));
+    EXPECT_EQ(grabada.json().value(QStringLiteral("estado")).toInt(-1), escalar(QStringLiteral("SELECT ESTADO FROM CAB")).toInt());
+    EXPECT_TRUE(textos(grabada.json()).last().startsWith(QStringLiteral("La información de la declaración fue grabada con")));
     QJsonArray det;
     QSqlQuery q = ejecutar(QStringLiteral("SELECT CASILLA, I_VALOR FROM DET ORDER BY rowid"));
     while (q.next())
         det.append(QJsonArray{q.value(0).toString(), q.value(1).toString()});
-    EXPECT_EQ(grabada.salida.value(QStringLiteral("det")).toArray(), det);
+    EXPECT_EQ(grabada.json().value(QStringLiteral("det")).toArray(), det);
 
     // The same new declaration again is refused (it exists), and so is one without a regime.
     r = importar(entrada, familia.baseDatos());
     EXPECT_EQ(r.codigo, 1);
-    EXPECT_TRUE(textos(r.salida).last().startsWith(QStringLiteral("La declaración que desea registrar ya existe ")));
-    EXPECT_EQ(r.salida.value(QStringLiteral("det")).toArray(), QJsonArray());
+    EXPECT_TRUE(textos(r.json()).last().startsWith(QStringLiteral("La declaración que desea registrar ya existe ")));
+    EXPECT_EQ(r.json().value(QStringLiteral("det")).toArray(), QJsonArray());
     mala.casillas.remove(QStringLiteral("056"));
     mala.ruc = DatosDemo::kRucPacifico;
     r = importar(escribirEntrada(mala), familia.baseDatos());
     EXPECT_EQ(r.codigo, 1);
-    EXPECT_EQ(textos(r.salida).last(), QStringLiteral("Debe señalar el regimen de renta"));
-    // Bad input writes nothing.
-    mala.casillas[QStringLiteral("999")] = QStringLiteral("1");
-    r = importar(escribirEntrada(mala), familia.baseDatos());
-    EXPECT_EQ(r.codigo, 2);
-    EXPECT_TRUE(r.error.contains(QStringLiteral("999"))) << r.error.toStdString();
-    EXPECT_EQ(importar(familia.carpeta() + QStringLiteral("no_existe.json"), familia.baseDatos()).codigo, 2);
+    EXPECT_EQ(textos(r.json()).last(), QStringLiteral("Debe señalar el regimen de renta"));
     EXPECT_EQ(contar(QStringLiteral("CAB")), 1);
 }
 
@@ -138,23 +116,23 @@ TEST_P(IdaYVueltaCli, ExportarEImportarDaLasMismasFilas)
     ASSERT_EQ(importar(escribirEntrada(declaracionDeRegimen(QString::fromLatin1(GetParam()))), familia.baseDatos()).codigo, 0);
     const QMap<QString, QString> original = mapaDet(kPeriodo);
 
-    Resultado exportada = f931(QStringLiteral("exportar"), comunes(familia.baseDatos())
+    Corrida exportada = f931(QStringLiteral("exportar"), comunes(familia.baseDatos())
                                                                << QStringLiteral("--ruc") << kRuc
                                                                << QStringLiteral("--periodo") << kPeriodo);
-    ASSERT_EQ(exportada.codigo, 0) << exportada.error.toStdString();
-    EXPECT_EQ(exportada.salida.value(QStringLiteral("ruc")).toString(), kRuc);
-    const QJsonObject casillas = exportada.salida.value(QStringLiteral("casillas")).toObject();
+    ASSERT_EQ(exportada.codigo, 0) << exportada.errores.join(QLatin1Char('\n')).toStdString();
+    EXPECT_EQ(exportada.json().value(QStringLiteral("ruc")).toString(), kRuc);
+    const QJsonObject casillas = exportada.json().value(QStringLiteral("casillas")).toObject();
     EXPECT_FALSE(casillas.contains(QStringLiteral("531")));   // computed: the form works it out
     EXPECT_FALSE(casillas.contains(QStringLiteral("473")));   // given by its parts
     EXPECT_EQ(casillas.value(QStringLiteral("462")).toString(), QStringLiteral("15000"));   // typed without sign
 
     const QString otra = familia.carpeta() + QStringLiteral("otra.db");
     crearBaseDatos(otra, true);
-    const QString archivo = escribir(exportada.salida, QStringLiteral("exportada.json"));
-    const Resultado r = importar(archivo, otra);
-    ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
+    const QString archivo = escribir(exportada.json(), QStringLiteral("exportada.json"));
+    const Corrida r = importar(archivo, otra);
+    ASSERT_EQ(r.codigo, 0) << r.errores.join(QLatin1Char('\n')).toStdString();
     QMap<QString, QString> reimportada;
-    for (const QJsonValue& par : r.salida.value(QStringLiteral("det")).toArray())
+    for (const QJsonValue& par : r.json().value(QStringLiteral("det")).toArray())
         reimportada.insert(par.toArray().at(0).toString(), par.toArray().at(1).toString());
     EXPECT_EQ(diferencias(original, reimportada), "");
 }
