@@ -358,7 +358,9 @@ TEST_F(Almacen, CrearBaseMatadaNoDejaNadaAMedias)
     for (int vez = 0; vez < 30; ++vez) {
         auto p = lanzar({QStringLiteral("crear-base"), base});
         QThread::msleep(static_cast<unsigned long>(QRandomGenerator::global()->bounded(duracion / 4, duracion * 11 / 10 + 1)));
-        ::kill(static_cast<pid_t>(p->processId()), vez % 2 ? SIGTERM : SIGKILL);
+        // A run that already ended has no pid (0), and kill(0) would signal this whole group.
+        if (const auto pid = static_cast<pid_t>(p->processId()); pid > 0)
+            ::kill(pid, vez % 2 ? SIGTERM : SIGKILL);
         p->waitForFinished(30000);
         const QStringList queda = contenido(carpeta);
         if (queda.isEmpty()) {
