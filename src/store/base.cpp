@@ -6,8 +6,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSqlDriver>
 #include <QHash>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QUrl>
 
@@ -26,6 +26,33 @@ bool gCondenada = false;
 // The file of the open connection, for the messages, and the last unavailability found on it.
 QString gArchivo;
 QString gNoDisponible;
+
+// Statements that change rows, kept prepared on the connection once they have run: a save runs
+// the same INSERT once per value, and preparing it each time cost more than running it. They
+// give no rows, so a caller that keeps the returned query has no result that a later run of
+// the same text could overwrite; and the driver resets each one as soon as it has run, so a
+// kept one holds no lock. Statements that read are prepared anew each time, as before: a kept one the caller
+// left half read would hold the connection's read snapshot open.
+struct Preparada {
+    QSqlQuery consulta;
+    qsizetype valores = 0;   // how many values it ran with: the same text always takes as many
+};
+// Never destroyed: a query must not outlive its driver, and at exit the order in which statics
+// go is not ours. cerrarBase empties it.
+QHash<QString, Preparada>& gPreparadas = *new QHash<QString, Preparada>;
+constexpr qsizetype kMaxPreparadas = 64;
+
+// INSERT, UPDATE or DELETE without RETURNING.
+bool esCambio(const QString& sql)
+{
+    const QStringView t = QStringView(sql).trimmed();
+    auto empieza = [&](QLatin1StringView palabra) {
+        return t.size() > palabra.size() && t.startsWith(palabra, Qt::CaseInsensitive) && t.at(palabra.size()).isSpace();
+    };
+    return (empieza(QLatin1StringView("INSERT")) || empieza(QLatin1StringView("UPDATE"))
+            || empieza(QLatin1StringView("DELETE")))
+        && !t.contains(QLatin1StringView("RETURNING"), Qt::CaseInsensitive);
+}
 
 // Primary result codes of the engine that mean "the database can't be reached now".
 enum : int {
@@ -282,6 +309,7 @@ void cerrarBase()
 {
     gLote = false;
     preparadas().clear();
+    gPreparadas.clear();   // before the connection goes: the statements are its own
     if (QSqlDatabase::contains(kConexion)) {
         {
             QSqlDatabase db = QSqlDatabase::database(kConexion, false);
@@ -324,24 +352,53 @@ QSqlDatabase gdbBase()
 QSqlQuery ejecutar(const QString& sql, const QVariantList& valores)
 {
     QSqlDatabase db = conexionAbierta();
-    const auto guardada = gLote ? preparadas().constFind(sql) : preparadas().constEnd();
-    // A kept statement is handed out as a copy, which shares it (what Qt deprecates copies for).
-    QT_WARNING_PUSH
-    QT_WARNING_DISABLE_DEPRECATED
-    QSqlQuery q = guardada != preparadas().constEnd() ? *guardada : QSqlQuery(db);
-    if (guardada == preparadas().constEnd()) {
-        if (gLote)
+    if (gLote) {
+        // In a batch every statement stays prepared, reads included.
+        const auto guardada = preparadas().constFind(sql);
+        // A kept statement is handed out as a copy, which shares it (what Qt deprecates copies for).
+        QT_WARNING_PUSH
+        QT_WARNING_DISABLE_DEPRECATED
+        QSqlQuery q = guardada != preparadas().constEnd() ? *guardada : QSqlQuery(db);
+        if (guardada == preparadas().constEnd()) {
             q.setForwardOnly(true);   // read once, row after row: no copy of the rows kept
-        if (!q.prepare(sql))
-            throw errorDe(q.lastError());
-        if (gLote)
+            if (!q.prepare(sql))
+                throw errorDe(q.lastError());
             preparadas().insert(sql, q);
+        }
+        QT_WARNING_POP
+        for (int i = 0; i < valores.size(); ++i)
+            q.bindValue(i, valores[i]);
+        if (!q.exec())
+            throw errorDe(q.lastError());
+        return q;
     }
-    QT_WARNING_POP
-    for (int i = 0; i < valores.size(); ++i)
-        q.bindValue(i, valores[i]);
+    const bool cambio = esCambio(sql);
+    if (cambio) {
+        const auto it = gPreparadas.constFind(sql);
+        if (it != gPreparadas.cend() && it->valores == valores.size()) {
+            QSqlQuery q = it->consulta;
+            for (qsizetype i = 0; i < valores.size(); ++i)
+                q.bindValue(static_cast<int>(i), valores.at(i));
+            if (!q.exec()) {
+                const ErrorVB error = errorDe(q.lastError());
+                gPreparadas.remove(sql);
+                throw error;
+            }
+            return q;
+        }
+    }
+    QSqlQuery q(db);
+    if (!q.prepare(sql))
+        throw errorDe(q.lastError());
+    for (const QVariant& v : valores)
+        q.addBindValue(v);
     if (!q.exec())
         throw errorDe(q.lastError());
+    if (cambio) {
+        if (gPreparadas.size() >= kMaxPreparadas)
+            gPreparadas.clear();
+        gPreparadas.insert(sql, Preparada{q, valores.size()});
+    }
     return q;
 }
 

@@ -15,6 +15,7 @@
 #include <QSqlQuery>
 
 #include <cmath>
+#include <cstdlib>
 
 namespace {
 
@@ -69,9 +70,14 @@ QString textoColumna(const QVariant& v)
 
 QString ultimosTres(double suma)
 {
-    // A whole sum below 10^15, as every sum of a row is, shows its own last three digits.
-    if (suma >= 0 && suma < 1e15 && suma == std::floor(suma))
-        return QString::number(static_cast<qint64>(suma) % 1000).rightJustified(3, QLatin1Char('0'));
+    // A whole sum well inside a double's exact range (every sum of codes, and of the usual keys)
+    // gives its last three digits without the general picture, which costs more than the rest
+    // of the code.
+    if (std::abs(suma) < 1e15 && suma == std::trunc(suma)) {
+        const int resto = static_cast<int>(std::llabs(static_cast<qint64>(suma)) % 1000);
+        const QChar digitos[3] = {QChar(u'0' + resto / 100), QChar(u'0' + resto / 10 % 10), QChar(u'0' + resto % 10)};
+        return QString(digitos, 3);
+    }
     const QString veinte = Format(suma, QStringLiteral("00000000000000000000"));
     return Right(Right(veinte, 15), 3);
 }

@@ -1,5 +1,6 @@
 // The connection, transactions and the creation of a new database.
 #include "comun/base_prueba.h"
+#include "store/motor_directo.h"
 
 #include "basic/errores.h"
 #include "shell/globales.h"
@@ -132,6 +133,41 @@ TEST_F(Transacciones, InteriorSinCommitAnulaLaExterior)
     agregar("U4");
     otra.commit();
     EXPECT_EQ(usuarios(), antes + 1);
+}
+
+// The same text that changes rows runs once per value of a save: every run writes its own values,
+// one the key refuses leaves the next working, a wrong number of values is refused, and nothing
+// held afterwards keeps another program waiting or hides its rows from this connection.
+TEST_F(Transacciones, ElMismoCambioRepetidoEscribeSusValores)
+{
+    const QString alta = QStringLiteral("INSERT INTO CLAVES (Usuario, Tipo) VALUES (?, ?)");
+    const int antes = usuarios();
+    ejecutar(alta, {QStringLiteral("U1"), QStringLiteral("1")});
+    EXPECT_EQ(errorDe([&] { ejecutar(alta, {QStringLiteral("U1"), QStringLiteral("1")}); }), 3146);
+    const QSqlQuery guardada = ejecutar(alta, {QStringLiteral("U2"), QStringLiteral("0")});
+    EXPECT_EQ(errorDe([&] { ejecutar(alta, {QStringLiteral("U3")}); }), 3146);
+    ejecutar(alta, {QStringLiteral("U4"), QStringLiteral("1")});
+    QSqlQuery q = ejecutar(QStringLiteral("SELECT Usuario || Tipo FROM CLAVES WHERE Usuario LIKE 'U_' ORDER BY 1"));
+    QStringList filas;
+    while (q.next())
+        filas << q.value(0).toString();
+    EXPECT_EQ(filas, (QStringList{QStringLiteral("U11"), QStringLiteral("U20"), QStringLiteral("U41")}));
+
+    // Another program writes while the caller still holds its query and a half-read one was let go.
+    {
+        QSqlQuery medio = ejecutar(QStringLiteral("SELECT Usuario FROM CLAVES"));
+        ASSERT_TRUE(medio.next());
+    }
+    MotorDirecto otro(familia.baseDatos());
+    EXPECT_TRUE(otro.ejecutar("BEGIN IMMEDIATE; INSERT INTO CLAVES (Usuario, Tipo) VALUES ('OTRO', '1'); COMMIT;"))
+        << otro.error();
+    EXPECT_EQ(usuarios(), antes + 4);
+
+    // And once the base is opened again.
+    cerrarBase();
+    abrirBase(familia.baseDatos());
+    ejecutar(alta, {QStringLiteral("U5"), QStringLiteral("1")});
+    EXPECT_EQ(usuarios(), antes + 5);
 }
 
 // ---- creation -------------------------------------------------------------------------------

@@ -48,6 +48,10 @@ INSTANTIATE_TEST_SUITE_P(
         CasoCodigo{"exponente_distinto_de_cero", {"12e1", "5", kNulo}, 2, "125000"},
         CasoCodigo{"clave_no_numerica_cuenta_cero", {"ABC", "5", kNulo}, 2, "005000"},
         CasoCodigo{"claves_decimales_redondean", {1.5, "2", kNulo}, 2, "004000"},
+        // A negative sum gives its last three digits; one of sixteen digits keeps fifteen
+        // significant ones, as the picture of twenty zeros writes it.
+        CasoCodigo{"suma_negativa", {"-1234", "5", kNulo}, 1, "234053"},
+        CasoCodigo{"suma_de_dieciseis_cifras", {"1000000000001234", "5", kNulo}, 1, "230053"},
         CasoCodigo{"fecha_como_aaaammdd", {"1", QDate(2026, 11, 22), kNulo}, 1, "001801"},
         CasoCodigo{"nulo_es_vacio", {"1", kNulo, kNulo}, 1, "001000"},
         CasoCodigo{"texto_recortado", {"1", "  AB  ", kNulo}, 1, "001197"},
