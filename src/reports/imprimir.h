@@ -36,10 +36,14 @@ public:
     int anchoColumna[kColumnas] = {};     // twips; 0 keeps the grid's default
     int anchoGrilla = 0;                  // twips; 0 keeps the design width
 
-    // Options: 0 "Declaración", 1 "Anexos", 2 "Declaración y anexos". The report is the same.
+    // Options: 0 "Declaración", 1 "Anexos", 2 "Declaración y anexos". The report is the same
+    // whatever is chosen here.
     int OptImp = 0;
-    bool ChkAnexos[3] = {false, false, false};
-    bool ChkAnexosHabilitados = false;
+    // 0 "Apéndice III", 1 "Apéndice IV al valor", 2 "Apéndice IV específico", and 3, the box
+    // "Anexos" of its own, which no option enables, disables or clears.
+    static constexpr int kAnexos = 4;
+    bool ChkAnexos[kAnexos] = {false, false, false, false};
+    bool ChkAnexosHabilitados = false;   // boxes 0 to 2
     void OptImp_Click(int indice);
 
     // The current row changes (the grid's row change): the main window's status bar shows

@@ -106,9 +106,9 @@ void ModeloPrevia::mostrarSolo(qint16 hoja)
 void ModeloPrevia::pMostrar(qint16 n)
 {
     if (n == -2 || n == -1) {
-        if (n == -2 && nHojaActual > 0)
+        if (n == -2 && hayAnterior())
             --nHojaActual;
-        else if (n == -1 && nHojaActual != nTotHojas - 1)
+        else if (n == -1 && haySiguiente())
             ++nHojaActual;
         mostrarSolo(nHojaActual);
     } else if (n == 0) {

@@ -33,6 +33,10 @@ public:
     void pDesencripta(const QString& nombre, const QString& modo);
     // 0 first page, -2 previous, -1 next.
     void pMostrar(qint16 n);
+    // Whether the previous (-2) and the next (-1) page would move the page on view: the window
+    // enables "Pag Anterior" and "Pag Sgt" by them.
+    bool hayAnterior() const { return nHojaActual > 0; }
+    bool haySiguiente() const { return nHojaActual != nTotHojas - 1; }
     // Shows page `hoja` (from 0), held within the pages loaded: the last page (End) and the page
     // the window scrolled to.
     void pIrA(qint16 hoja);

@@ -185,3 +185,38 @@ TEST_F(Imprimir, PreliminarDejaElRangoParaLaImpresion)
     EXPECT_EQ(escalar(QStringLiteral("SELECT count(*) FROM SPOOL")).toInt(), 3);
     EXPECT_TRUE(QFile::exists(G().gsPathRpt + QStringLiteral("/00000003.PRN")));
 }
+
+// The options and the annex boxes, as clicked in turn ("o<n>" an option, "c<n>" a box): the
+// option "Declaración" disables and clears boxes 0 to 2, the other two enable them and keep
+// their marks; the box "Anexos" (3) keeps its mark whatever the option.
+TEST_F(Imprimir, OpcionesYCasillasDeAnexos)
+{
+    const struct {
+        const char* clics;
+        const char* esperado;   // boxes 0 to 2 enabled, then the four marks
+    } casos[] = {
+        {"", "no 0000"},
+        {"c3", "no 0001"},
+        {"c3 o0", "no 0001"},
+        {"o1", "si 0000"},
+        {"o1 c0 c1 c3 o0", "no 0001"},
+        {"o2 c2 o1", "si 0010"},
+        {"o1 c0 c3 c3 o2", "si 1000"},
+        {"o1 c0 o0 o2", "si 0000"},
+    };
+    for (const auto& caso : casos) {
+        ModeloImprimir m;
+        for (const QString& clic : QString::fromLatin1(caso.clics).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+            const int n = clic.mid(1).toInt();
+            if (clic.startsWith(QLatin1Char('o')))
+                m.OptImp_Click(n);
+            else
+                m.ChkAnexos[n] = !m.ChkAnexos[n];
+        }
+        QString marcas;
+        for (bool marca : m.ChkAnexos)
+            marcas += QLatin1Char(marca ? '1' : '0');
+        EXPECT_EQ(QString::fromLatin1(m.ChkAnexosHabilitados ? "si " : "no ") + marcas, QString::fromLatin1(caso.esperado))
+            << caso.clics;
+    }
+}

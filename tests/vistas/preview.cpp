@@ -1,6 +1,6 @@
-// "Presentación Preliminar" on the offscreen platform: paging by buttons and keys, the page
-// count, the zoom, printing through the print dialog and to PDF without a printer, saving as
-// PDF and the missing file.
+// "Presentación Preliminar" on the offscreen platform: paging by buttons, keys and scrolling,
+// with the page buttons enabled only where they move; the page count, the zoom, printing
+// through the print dialog and to PDF without a printer, saving as PDF.
 #include <QAbstractItemView>
 #include <QAction>
 #include <QComboBox>
@@ -72,11 +72,12 @@ private:
     RespondedorGuion mensajes;
     DialogosFalsos dialogos;
 
-    static QByteArray cincoHojas()
+    // `n` pages, one mark "H<page>" each, with the breaks the builder writes.
+    static QByteArray hojas(int n)
     {
-        QByteArray t = "<!font!>Courier New<!/font!>\r\n<!nHojas!>5<!/nHojas!>\r\n<!Orientacion!>V<!/Orientacion!>\r\n"
-                       "<!Color!>&H00FFFFC0&<!/Color!>\r\n";
-        for (int h = 0; h < 5; ++h) {
+        QByteArray t = "<!font!>Courier New<!/font!>\r\n<!nHojas!>" + QByteArray::number(n)
+                       + "<!/nHojas!>\r\n<!Orientacion!>V<!/Orientacion!>\r\n<!Color!>&H00FFFFC0&<!/Color!>\r\n";
+        for (int h = 0; h < n; ++h) {
             if (h > 0)
                 t += "pNuevaHoja\r\n";
             t += QStringLiteral("pPos|300|350|H%1|True|16|%1|\r\npCuadro|150|300|1700|1640|%1|\r\n").arg(h).toLatin1();
@@ -84,13 +85,26 @@ private:
         return t;
     }
 
+    void escribir(const QString& nombre, int n)
+    {
+        QFile f(dir.filePath(nombre));
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(hojas(n));
+    }
+
+    // The button of an action on the screen.
+    static QToolButton* botonDe(frmPreview& w, QAction* accion)
+    {
+        for (QToolButton* b : w.findChildren<QToolButton*>())
+            if (b->defaultAction() == accion && b->isVisible())
+                return b;
+        return nullptr;
+    }
+
     // Clicks the button of an action, as the user does.
     static void pulsar(frmPreview& w, QAction* accion)
     {
-        QToolButton* boton = nullptr;
-        for (QToolButton* b : w.findChildren<QToolButton*>())
-            if (b->defaultAction() == accion && b->isVisible())
-                boton = b;
+        QToolButton* boton = botonDe(w, accion);
         QVERIFY(boton);
         QTest::mouseClick(boton, Qt::LeftButton);
     }
@@ -123,10 +137,8 @@ private slots:
     {
         G().reiniciar();
         G().gsPathRpt = dir.path();
-        QFile f(dir.filePath(QStringLiteral("r.PRN")));
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write(cincoHojas());
-        f.close();
+        escribir(QStringLiteral("r.PRN"), 5);
+        escribir(QStringLiteral("u.PRN"), 1);
         mensajes = RespondedorGuion();
         instalarRespondedor(&mensajes);
         dialogos = DialogosFalsos();
@@ -142,7 +154,7 @@ private slots:
         G().reiniciar();
     }
 
-    void botonesYPaginado()
+    void botonesYFondo()
     {
         frmPreview w(QStringLiteral("r.PRN"));
         mostrar(w);
@@ -154,13 +166,6 @@ private slots:
         QCOMPARE(w.picFondo()->pageCount(), 5);
         QCOMPARE(pagina(w), QStringLiteral("0/0 Página 1 de 5"));
 
-        pulsar(w, w.boton(2));   // at the first page nothing moves
-        QCOMPARE(pagina(w), QStringLiteral("0/0 Página 1 de 5"));
-        pulsar(w, w.boton(3));
-        pulsar(w, w.boton(3));
-        pulsar(w, w.boton(2));
-        QCOMPARE(pagina(w), QStringLiteral("1/1 Página 2 de 5"));
-
         // The sheets carry the page's background colour of the report.
         const QImage imagen = w.picFondo()->grab().toImage();
         int cian = 0;
@@ -168,42 +173,6 @@ private slots:
             for (int x = 0; x < imagen.width(); x += 4)
                 cian += QColor(imagen.pixel(x, y)) == QColor(0xC0, 0xFF, 0xFF);
         QVERIFY2(cian > imagen.width() * imagen.height() / 16 / 4, qPrintable(QString::number(cian)));
-    }
-
-    void teclasDePagina_data()
-    {
-        QTest::addColumn<QList<int>>("teclas");
-        QTest::addColumn<QString>("esperado");
-        QTest::newRow("AvPág") << QList<int>{Qt::Key_PageDown} << "1/1 Página 2 de 5";
-        QTest::newRow("AvPág al final") << QList<int>{Qt::Key_End, Qt::Key_PageDown} << "4/4 Página 5 de 5";
-        QTest::newRow("RePág") << QList<int>{Qt::Key_End, Qt::Key_PageUp} << "3/3 Página 4 de 5";
-        QTest::newRow("Inicio") << QList<int>{Qt::Key_PageDown, Qt::Key_PageDown, Qt::Key_Home} << "0/0 Página 1 de 5";
-        QTest::newRow("Fin") << QList<int>{Qt::Key_End} << "4/4 Página 5 de 5";
-    }
-
-    void teclasDePagina()
-    {
-        QFETCH(QList<int>, teclas);
-        QFETCH(QString, esperado);
-        frmPreview w(QStringLiteral("r.PRN"));
-        mostrar(w);
-        for (int tecla : teclas)
-            QTest::keyClick(vista(w), Qt::Key(tecla));
-        QCOMPARE(pagina(w), esperado);
-    }
-
-    // Scrolling the sheets by hand changes the page on view and its count.
-    void desplazarCambiaLaPagina()
-    {
-        frmPreview w(QStringLiteral("r.PRN"));
-        mostrar(w);
-        QScrollBar* barra = w.picFondo()->findChild<QGraphicsView*>()->verticalScrollBar();
-        barra->setValue(barra->maximum());
-        QCOMPARE(pagina(w), QStringLiteral("4/4 Página 5 de 5"));
-        pulsar(w, w.boton(2));
-        QCOMPARE(pagina(w), QStringLiteral("3/3 Página 4 de 5"));
-        barra->setValue(0);
-        QCOMPARE(pagina(w), QStringLiteral("0/0 Página 1 de 5"));
     }
 
     // Ctrl++ and Ctrl+- go by the steps of the box, within 50 and 200 per cent; so does Ctrl
@@ -252,6 +221,9 @@ private slots:
         QCOMPARE(w.picFondo()->zoomMode(), QPrintPreviewWidget::FitToWidth);
         QVERIFY(w.zoom() > pagina);   // a sheet is taller than wide
         QVERIFY(!w.paginaCompleta()->isChecked());
+        pulsar(w, w.ajustarAncho());   // the fit in force stays
+        QVERIFY(w.ajustarAncho()->isChecked());
+        QCOMPARE(w.picFondo()->zoomMode(), QPrintPreviewWidget::FitToWidth);
         QCOMPARE(w.cboZoom()->placeholderText(), QString::number(w.zoom()) + QLatin1Char('%'));
 
         // The window grows, and the sheet fitted to the width with it.
@@ -260,19 +232,88 @@ private slots:
         QVERIFY(QTest::qWaitFor([&] { return w.zoom() > antes; }, 2000));
     }
 
-    void rangoDeUnaHoja()
+    // "Pag Anterior" and "Pag Sgt" can be pressed only where they move the page, however the
+    // page was reached; a preview of one page, whole report or range, has neither. Steps: the
+    // two buttons clicked, the four keys, the sheets scrolled to the bottom or the top.
+    void botonesDePagina_data()
     {
-        G().gbPorHojas = -1;
-        G().gnHojaDesde = 3;
-        G().gnHojaHasta = 3;
-        frmPreview w(QStringLiteral("r.PRN"));
+        QTest::addColumn<QString>("archivo");
+        QTest::addColumn<int>("desde");   // 0: no range
+        QTest::addColumn<int>("hasta");
+        QTest::addColumn<QStringList>("pasos");
+        QTest::addColumn<QString>("esperado");   // mark on view, page, and "<" ">" for the buttons enabled
+        const QString r = QStringLiteral("r.PRN"), u = QStringLiteral("u.PRN");
+        QTest::newRow("primera") << r << 0 << 0 << QStringList{} << "H0 0/0 Página 1 de 5 ->";
+        QTest::newRow("media por Pag Sgt") << r << 0 << 0 << QStringList{"Sgt"} << "H1 1/1 Página 2 de 5 <>";
+        QTest::newRow("media por AvPág") << r << 0 << 0 << QStringList{"AvPág", "AvPág"} << "H2 2/2 Página 3 de 5 <>";
+        QTest::newRow("media por RePág") << r << 0 << 0 << QStringList{"Fin", "RePág"} << "H3 3/3 Página 4 de 5 <>";
+        QTest::newRow("media por Pag Anterior") << r << 0 << 0 << QStringList{"abajo", "Ant"} << "H3 3/3 Página 4 de 5 <>";
+        QTest::newRow("última por Pag Sgt") << r << 0 << 0 << QStringList{"Sgt", "Sgt", "Sgt", "Sgt"}
+                                           << "H4 4/4 Página 5 de 5 <-";
+        QTest::newRow("última por AvPág") << r << 0 << 0 << QStringList{"AvPág", "AvPág", "AvPág", "AvPág", "AvPág"}
+                                         << "H4 4/4 Página 5 de 5 <-";
+        QTest::newRow("última por Fin") << r << 0 << 0 << QStringList{"Fin"} << "H4 4/4 Página 5 de 5 <-";
+        QTest::newRow("última desplazando") << r << 0 << 0 << QStringList{"abajo"} << "H4 4/4 Página 5 de 5 <-";
+        QTest::newRow("primera por Pag Anterior") << r << 0 << 0 << QStringList{"Sgt", "Ant"} << "H0 0/0 Página 1 de 5 ->";
+        QTest::newRow("primera por RePág") << r << 0 << 0 << QStringList{"Sgt", "RePág", "RePág"} << "H0 0/0 Página 1 de 5 ->";
+        QTest::newRow("primera por Inicio") << r << 0 << 0 << QStringList{"Fin", "Inicio"} << "H0 0/0 Página 1 de 5 ->";
+        QTest::newRow("primera desplazando") << r << 0 << 0 << QStringList{"Fin", "arriba"} << "H0 0/0 Página 1 de 5 ->";
+        QTest::newRow("reporte de una hoja") << u << 0 << 0 << QStringList{} << "H0 0/0 Página 1 de 1 --";
+        QTest::newRow("una hoja, todas las teclas") << u << 0 << 0 << QStringList{"AvPág", "Fin", "RePág", "Inicio", "abajo"}
+                                                   << "H0 0/0 Página 1 de 1 --";
+        QTest::newRow("rango de una hoja") << r << 3 << 3 << QStringList{} << "H2 0/0 Página 1 de 1 --";
+        QTest::newRow("rango de una hoja, teclas") << r << 3 << 3 << QStringList{"AvPág", "Fin", "abajo"}
+                                                  << "H2 0/0 Página 1 de 1 --";
+        QTest::newRow("rango más allá del reporte") << r << 5 << 9 << QStringList{"Fin"} << "H4 0/0 Página 1 de 1 --";
+        QTest::newRow("rango de dos, al final") << r << 2 << 3 << QStringList{"Sgt"} << "H2 1/1 Página 2 de 2 <-";
+        QTest::newRow("rango de dos, de vuelta") << r << 2 << 3 << QStringList{"Fin", "RePág"} << "H1 0/0 Página 1 de 2 ->";
+    }
+
+    void botonesDePagina()
+    {
+        QFETCH(QString, archivo);
+        QFETCH(int, desde);
+        QFETCH(int, hasta);
+        QFETCH(QStringList, pasos);
+        QFETCH(QString, esperado);
+        if (desde > 0) {
+            G().gbPorHojas = -1;
+            G().gnHojaDesde = qint16(desde);
+            G().gnHojaHasta = qint16(hasta);
+        }
+        frmPreview w(archivo);
         mostrar(w);
-        QCOMPARE(w.picFondo()->pageCount(), 1);
-        pulsar(w, w.boton(3));
-        QTest::keyClick(vista(w), Qt::Key_End);
-        pulsar(w, w.boton(2));
-        QCOMPARE(pagina(w), QStringLiteral("0/0 Página 1 de 1"));
-        QCOMPARE(w.modelo().picPrevia[0].pagina.comandos[0].texto, QStringLiteral("H2"));
+        const QHash<QString, int> teclas{{QStringLiteral("AvPág"), Qt::Key_PageDown},
+                                         {QStringLiteral("RePág"), Qt::Key_PageUp},
+                                         {QStringLiteral("Inicio"), Qt::Key_Home},
+                                         {QStringLiteral("Fin"), Qt::Key_End}};
+        QScrollBar* barra = w.picFondo()->findChild<QGraphicsView*>()->verticalScrollBar();
+        for (const QString& paso : pasos) {
+            if (paso == QLatin1String("Ant") || paso == QLatin1String("Sgt")) {
+                QToolButton* b = botonDe(w, w.boton(paso == QLatin1String("Ant") ? 2 : 3));
+                QVERIFY2(b && b->isEnabled(), qPrintable(paso));
+                QTest::mouseClick(b, Qt::LeftButton);
+            } else if (teclas.contains(paso)) {
+                QTest::keyClick(vista(w), Qt::Key(teclas[paso]));
+            } else {
+                barra->setValue(paso == QLatin1String("abajo") ? barra->maximum() : 0);
+            }
+        }
+        QToolButton* anterior = botonDe(w, w.boton(2));
+        QToolButton* siguiente = botonDe(w, w.boton(3));
+        QVERIFY(anterior && siguiente);
+        auto estado = [&] {
+            const int i = w.modelo().elementoVisible();
+            const QString marca = i < 0 ? QString() : w.modelo().picPrevia[i].pagina.comandos.value(0).texto;
+            return marca + QLatin1Char(' ') + pagina(w) + QLatin1Char(' ') + QLatin1Char(anterior->isEnabled() ? '<' : '-')
+                   + QLatin1Char(siguiente->isEnabled() ? '>' : '-');
+        };
+        QCOMPARE(estado(), esperado);
+        // A button that can't be pressed changes nothing.
+        for (QToolButton* b : {anterior, siguiente})
+            if (!b->isEnabled())
+                QTest::mouseClick(b, Qt::LeftButton);
+        QCOMPARE(estado(), esperado);
     }
 
     // The print dialog holds the report's pages of the range in force; the pages and copies

@@ -51,21 +51,19 @@ frmImprimir::frmImprimir(QWidget* padre) : QDialog(padre)
         opciones->addWidget(OptImp[i]);
         connect(OptImp[i], &QRadioButton::clicked, this, [this, i] {
             modelo_.OptImp_Click(i);
-            mostrarAnexos();
+            refrescar();
         });
     }
-    OptImp[0]->setChecked(true);
 
     auto* Frame3 = new QGroupBox(QStringLiteral("Anexos"), this);
     auto* anexos = new QVBoxLayout(Frame3);
-    const QString textosChk[3] = {QStringLiteral("Apéndice III"), QStringLiteral("Apéndice IV al valor"),
-                                  QStringLiteral("Apéndice IV específico")};
-    for (int i = 0; i < 3; ++i) {
+    const QString textosChk[ModeloImprimir::kAnexos] = {QStringLiteral("Apéndice III"), QStringLiteral("Apéndice IV al valor"),
+                                                        QStringLiteral("Apéndice IV específico"), QStringLiteral("Anexos")};
+    for (int i = 0; i < ModeloImprimir::kAnexos; ++i) {
         ChkAnexos[i] = new QCheckBox(textosChk[i], Frame3);
         anexos->addWidget(ChkAnexos[i]);
         connect(ChkAnexos[i], &QCheckBox::toggled, this, [this, i](bool v) { modelo_.ChkAnexos[i] = v; });
     }
-    anexos->addWidget(new QCheckBox(QStringLiteral("Anexos"), Frame3));
 
     const QString textosCmd[3] = {QStringLiteral("&Preliminar"), QStringLiteral("&Imprimir"), QStringLiteral("&Salir")};
     auto* botones = new QVBoxLayout;
@@ -104,7 +102,7 @@ frmImprimir::frmImprimir(QWidget* padre) : QDialog(padre)
     setWindowTitle(modelo_.Caption);
     Frame2->setTitle(modelo_.Frame2);
     llenarGrilla();
-    mostrarAnexos();
+    refrescar();
 }
 
 frmImprimir::~frmImprimir()
@@ -133,11 +131,14 @@ void frmImprimir::llenarGrilla()
         grdContrib->setCurrentCell(modelo_.filaActual, 0);
 }
 
-void frmImprimir::mostrarAnexos()
+void frmImprimir::refrescar()
 {
-    for (int i = 0; i < 3; ++i) {
+    for (int i = 0; i < 3; ++i)
+        OptImp[i]->setChecked(modelo_.OptImp == i);
+    for (int i = 0; i < ModeloImprimir::kAnexos; ++i) {
         const QSignalBlocker bloqueo(ChkAnexos[i]);
-        ChkAnexos[i]->setEnabled(modelo_.ChkAnexosHabilitados);
+        if (i < 3)   // the box "Anexos" stays enabled whatever the option
+            ChkAnexos[i]->setEnabled(modelo_.ChkAnexosHabilitados);
         ChkAnexos[i]->setChecked(modelo_.ChkAnexos[i]);
     }
 }

@@ -23,7 +23,10 @@ public:
     QGroupBox* Frame2 = nullptr;
     QPushButton* CmdImprimir[3] = {};
     QRadioButton* OptImp[3] = {};
-    QCheckBox* ChkAnexos[3] = {};
+    QCheckBox* ChkAnexos[ModeloImprimir::kAnexos] = {};
+
+    // Shows the options and the annex boxes as the model holds them.
+    void refrescar();
 
 protected:
     void changeEvent(QEvent* e) override;
@@ -33,7 +36,6 @@ protected:
 private:
     void llenarGrilla();
     void pulsar(int indice);
-    void mostrarAnexos();
     ModeloImprimir modelo_;
     bool descargado_ = false;
 };

@@ -4,6 +4,7 @@
 #include "reports/vista/impresion.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QComboBox>
 #include <QGraphicsView>
@@ -80,6 +81,10 @@ frmPreview::frmPreview(const QString& archivo, QWidget* padre)
     // Under the sheets: the page on view on the left, the zoom on the right.
     accionAncho_ = new QAction(QStringLiteral("Ajustar al ancho"), this);
     accionPagina_ = new QAction(QStringLiteral("Página completa"), this);
+    // The two fits are one choice: pressing the fit in force keeps it; a zoom of the box or the
+    // keys leaves neither.
+    auto* ajustes = new QActionGroup(this);
+    ajustes->setExclusionPolicy(QActionGroup::ExclusionPolicy::Exclusive);
     auto* pie = new QHBoxLayout;
     pie->setContentsMargins(4, 2, 4, 0);
     lblPagina_ = new QLabel(this);
@@ -89,6 +94,7 @@ frmPreview::frmPreview(const QString& archivo, QWidget* padre)
     for (QAction* a : {accionAncho_, accionPagina_}) {
         a->setToolTip(a->text());
         a->setCheckable(true);
+        ajustes->addAction(a);
         auto* b = new QToolButton(this);
         b->setDefaultAction(a);
         b->setFocusPolicy(Qt::NoFocus);
@@ -198,6 +204,9 @@ void frmPreview::refrescar()
         previa_->setCurrentPage(modelo_.nHojaActual + 1);
     refrescando_ = false;
     lblPagina_->setText(QStringLiteral("Página %1 de %2").arg(modelo_.nHojaActual + 1).arg(modelo_.nTotHojas));
+    // No previous page on the first, no next on the last: a report of one page has neither.
+    botones_[0]->setEnabled(modelo_.hayAnterior());
+    botones_[1]->setEnabled(modelo_.haySiguiente());
     mostrarZoom();
 }
 

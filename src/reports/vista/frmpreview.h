@@ -2,7 +2,8 @@
 // "Presentación Preliminar": the pages of a spool file on the screen as sheets of paper, with
 // paging ("Pag Anterior", "Pag Sgt", PgUp, PgDn, Home, End), zoom (fit width, whole page, 50 to
 // 200 per cent, Ctrl with the wheel, Ctrl++ and Ctrl+-), "Página N de M", printing and saving
-// as PDF. The window grows with its frame. It mirrors ModeloPrevia: the model says which page
+// as PDF. "Pag Anterior" is disabled on the first page and "Pag Sgt" on the last, whichever way
+// the page was reached. The window grows with its frame. It mirrors ModeloPrevia: the model says which page
 // is on view, the window only scrolls to it.
 #include "reports/previa.h"
 
