@@ -1,0 +1,365 @@
+// The declaration window as the accountant uses it: the geographic picker from both "Ubigeo"
+// buttons, pages that refuse a change, captions and read-only texts after a save and in modify
+// mode, the keyboard (Alt+letter, Tab both ways, Enter, Delete, Ctrl+A) and pasting.
+#include "escenario.h"
+
+#include "comun/usuario_vista.h"
+#include "dialogs/vista/frmanexo477.h"
+#include "dialogs/vista/frmubigeo.h"
+#include "family/vista/ubigeoqvl.h"
+
+#include <QClipboard>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QImage>
+#include <QLabel>
+#include <QMimeData>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QTabWidget>
+
+using namespace escenario;
+
+namespace {
+
+// Contrast of the darkest pixel of a widget against its commonest one (the background), as
+// the ratio of relative luminances used for legibility: 1 is none, 21 black on white.
+double contraste(QWidget* w)
+{
+    const QImage img = w->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    QMap<QRgb, int> cuenta;
+    QRgb oscuro = qRgb(255, 255, 255);
+    auto luz = [](QRgb c) {
+        auto canal = [](int v) {
+            const double x = v / 255.0;
+            return x <= 0.03928 ? x / 12.92 : std::pow((x + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * canal(qRed(c)) + 0.7152 * canal(qGreen(c)) + 0.0722 * canal(qBlue(c));
+    };
+    // The inner part only: the frame of the box is not its text.
+    for (int y = 4; y < img.height() - 4; ++y)
+        for (int x = 4; x < img.width() - 4; ++x) {
+            const QRgb c = img.pixel(x, y);
+            ++cuenta[c];
+            if (luz(c) < luz(oscuro))
+                oscuro = c;
+        }
+    QRgb fondo = 0;
+    int max = -1;
+    for (auto it = cuenta.cbegin(); it != cuenta.cend(); ++it)
+        if (it.value() > max) {
+            max = it.value();
+            fondo = it.key();
+        }
+    const double a = luz(fondo), b = luz(oscuro);
+    return (qMax(a, b) + 0.05) / (qMin(a, b) + 0.05);
+}
+
+QLabel* etiqueta(QWidget* v, const QString& texto)
+{
+    for (QLabel* l : v->findChildren<QLabel*>())
+        if (l->text() == texto)
+            return l;
+    return nullptr;
+}
+
+// The taxpayer by keyboard from the first box, then the telephone.
+const QString kContribuyente = QStringLiteral("{Down}4445555{Enter}");
+
+}  // namespace
+
+class EscenarioVentana : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<FamiliaPrueba> familia;
+    RespondedorGuion& respondedor() { return familia->respondedor(); }
+
+    void correr(const QString& guion, const QMap<QString, std::function<void()>>& revisiones = {})
+    {
+        const QStringList f = escenario::ejecutar(guion, revisiones, 20000);
+        QVERIFY2(f.isEmpty(), qPrintable(f.join(QLatin1Char('\n'))));
+        QVERIFY2(fallos().isEmpty(), qPrintable(fallos().join(QLatin1Char('\n'))));
+    }
+
+private slots:
+    void init()
+    {
+        familia = std::make_unique<FamiliaPrueba>();
+        familia->comoUsuario(DatosDemo::kContador);
+        fallos().clear();
+    }
+
+    void cleanup() { familia.reset(); }
+
+    // Both "Ubigeo" buttons open the picker of their zone and bring the code chosen back into
+    // their own box; the picker is worked with the keyboard, the button with the mouse.
+    void losBotonesUbigeoTraenElCodigo_data()
+    {
+        QTest::addColumn<QString>("clics");      // options clicked, the last one the button
+        QTest::addColumn<QString>("caption");
+        QTest::addColumn<QString>("caja");
+        QTest::newRow("amazonia zona 1") << "optRenta(2) OptUbicAmazonia(1) OptDomFiscal(1) OptZona(0) CmdZona1"
+                                         << "Ubigeo Zona 1" << "TxtUbigeo";
+        QTest::newRow("amazonia zona 2") << "optRenta(2) OptLeyAmazonia(1) OptDomFiscal(1) OptZona(1) CmdZona1"
+                                         << "Ubigeo Zona 2" << "TxtUbigeo";
+        QTest::newRow("frontera") << "optRenta(3) OptActividad(1) OptFrontera(1) CmdZona2" << "Ubigeo Zona 3"
+                                  << "TxtUbigeo2";
+    }
+
+    void losBotonesUbigeoTraenElCodigo()
+    {
+        QFETCH(QString, clics);
+        QFETCH(QString, caption);
+        QFETCH(QString, caja);
+        VentanaNueva v;
+        correr(kContribuyente);
+        QString titulo;
+        for (const QString& c : clics.split(QLatin1Char(' '))) {
+            if (!c.startsWith(QLatin1String("CmdZona"))) {
+                usuario::clic(v.vista.get(), c);
+                continue;
+            }
+            usuario::irA(v.vista.get(), c);
+            QPushButton* b = v.control<QPushButton>(c);
+            QVERIFY(b && b->isEnabled());
+            // In the picker: first department, first province, first district, Enter accepts.
+            correr(QStringLiteral("{?abrir}{?picker}{Down}{Tab}{Down}{Tab}{Down}{Enter}"),
+                   {{QStringLiteral("abrir"), [b] { QTest::mouseClick(b, Qt::LeftButton); }},
+                    {QStringLiteral("picker"), [&titulo] {
+                         auto* u = qobject_cast<frmUbigeo*>(QApplication::activeModalWidget());
+                         comprobar(u != nullptr, QStringLiteral("el selector no se abrió"));
+                         if (u)
+                             titulo = u->windowTitle();
+                     }}});
+        }
+        QCOMPARE(titulo, caption);
+        QCOMPARE(v.control<QLineEdit>(caja)->text(), QStringLiteral("010101"));
+    }
+
+    // A page change that a check refuses leaves header and body on the page that stays, by
+    // mouse and by Alt+letter.
+    void unCambioDePaginaRechazadoNoSeparaEncabezadoYCuerpo_data()
+    {
+        QTest::addColumn<QString>("tabs");
+        QTest::addColumn<int>("pagina");
+        QTest::addColumn<QString>("teclas");
+        QTest::newRow("clic en estados") << "SSTab1" << 1 << "";
+        QTest::newRow("clic en complementaria") << "SSTab1" << 3 << "";
+        QTest::newRow("clic en regimen") << "SSTab2" << 1 << "";
+        QTest::newRow("alt en estados") << "SSTab1" << 1 << "{A-f}";
+        QTest::newRow("alt en complementaria") << "SSTab1" << 3 << "{A-p}";
+    }
+
+    void unCambioDePaginaRechazadoNoSeparaEncabezadoYCuerpo()
+    {
+        QFETCH(QString, tabs);
+        QFETCH(int, pagina);
+        QFETCH(QString, teclas);
+        VentanaNueva v;
+        auto* t = v.vista->findChild<QTabWidget*>(tabs);
+        if (teclas.isEmpty())
+            QTest::mouseClick(t->tabBar(), Qt::LeftButton, {}, t->tabBar()->tabRect(pagina).center());
+        else
+            correr(teclas);
+        QCOMPARE(respondedor().textos(), QStringList{QStringLiteral("Debe seleccionar un Contribuyente.")});
+        for (auto* w : v.vista->findChildren<QTabWidget*>()) {
+            auto* cuerpo = w->findChild<QStackedWidget*>();
+            QCOMPARE(w->tabBar()->currentIndex(), 0);
+            QCOMPARE(cuerpo->currentIndex(), 0);
+            QVERIFY2(cuerpo->currentWidget()->isVisibleTo(w), qPrintable(w->objectName()));
+            for (int i = 1; i < cuerpo->count(); ++i)
+                QVERIFY2(!cuerpo->widget(i)->isVisibleTo(w), qPrintable(w->objectName()));
+        }
+        QCOMPARE(enfocado(), QStringLiteral("CmbRuc"));
+    }
+
+    // After the first save the taxpayer's captions go grey with their boxes, and the boxes
+    // still read well; the same in modify mode.
+    void lasEtiquetasSiguenASusCajasYElTextoFijoSeLee()
+    {
+        {
+            VentanaNueva v;
+            correr(kContribuyente);
+            for (const char* c : {"optRenta(0)", "OptPersona(0)", "OptInicio(0)", "OptPrecedente(0)", "OptAnterior(0)"})
+                usuario::clic(v.vista.get(), QString::fromLatin1(c));
+            usuario::elegirLinea(v.vista.get(), QStringLiteral("CboBalance"), 0);
+            usuario::teclear(v.vista.get(), QStringLiteral("TxtValor(461)"), QStringLiteral("100000"));
+            QTest::mouseClick(v.control(QStringLiteral("CmdGrabar")), Qt::LeftButton);
+            QVERIFY2(!v.modelo.mbModificado, qPrintable(respondedor().textos().join(QLatin1Char('\n'))));
+            usuario::irA(v.vista.get(), QStringLiteral("TxtRazon"));
+            const QList<QPair<QString, QString>> pares{{QStringLiteral("Razón social"), QStringLiteral("TxtRazon")},
+                                                       {QStringLiteral("&RUC"), QStringLiteral("TxtNumRuc")},
+                                                       {QStringLiteral("&Teléfono"), QStringLiteral("TxtTelefono")}};
+            for (const auto& [texto, caja] : pares) {
+                QLabel* l = etiqueta(v.vista.get(), texto);
+                QVERIFY2(l, qPrintable(texto));
+                QCOMPARE(l->isEnabled(), v.control(caja)->isEnabled());
+            }
+            QVERIFY(!v.control(QStringLiteral("TxtRazon"))->isEnabled());
+            QVERIFY(v.control(QStringLiteral("TxtTelefono"))->isEnabled());
+        }
+        // Modify mode: the stored declaration opens with the taxpayer fixed.
+        EntornoQt entorno;
+        Frm931 modelo(&entorno);
+        modelo.miModo = 1;
+        modelo.msRuc = DatosDemo::kRucAndina;
+        modelo.msRazon = DatosDemo::kNombreAndina;
+        G().gsPeriodo = QString::number(Hoy().year()) + QStringLiteral("05");
+        modelo.Form_Load();
+        Frm931Vista vista(modelo);
+        entorno.vista = &vista;
+        vista.show();
+        QVERIFY(QTest::qWaitForWindowActive(&vista));
+        // The first focus is the first box there is to type: the telephone.
+        QCOMPARE(enfocado(), QStringLiteral("TxtTelefono"));
+        for (const char* c : {"TxtNumRuc", "TxtRazon"}) {
+            auto* le = qobject_cast<QLineEdit*>(vista.control(QString::fromLatin1(c)));
+            QVERIFY(!le->text().isEmpty());
+            QVERIFY2(contraste(le) >= 4.5, qPrintable(QStringLiteral("%1: %2").arg(QString::fromLatin1(c)).arg(contraste(le))));
+            QCOMPARE(le->palette().color(QPalette::Disabled, QPalette::Base), le->palette().color(QPalette::Active, QPalette::Window));
+        }
+        QCOMPARE(etiqueta(&vista, QStringLiteral("Razón social"))->isEnabled(), false);
+        entorno.vista = nullptr;
+    }
+
+    // Every page by Alt+letter, each letter once: Alt+P always goes to the complementary
+    // information, and the determination has its letter.
+    void cadaPaginaTieneSuLetra()
+    {
+        VentanaNueva v;
+        correr(kContribuyente + QStringLiteral("{Space}"));
+        usuario::clic(v.vista.get(), QStringLiteral("OptPersona(0)"));
+        for (const char* c : {"OptInicio(0)", "OptPrecedente(0)", "OptAnterior(0)"})
+            usuario::clic(v.vista.get(), QString::fromLatin1(c));
+        usuario::elegirLinea(v.vista.get(), QStringLiteral("CboBalance"), 0);
+        auto* t1 = v.vista->findChild<QTabWidget*>(QStringLiteral("SSTab1"));
+        auto* t3 = v.vista->findChild<QTabWidget*>(QStringLiteral("SSTab3"));
+        auto pagina = [t1] { return t1->currentIndex(); };
+        correr(QStringLiteral("{A-f}{?f}{A-c}{?c}{A-f}{A-p}{?p}{A-p}{?p}{A-i}{?i}"),
+               {{QStringLiteral("f"), [&] { igual(pagina(), 1, QStringLiteral("Alt+F")); igual(enfocado(), QStringLiteral("TxtValor(500)"), QStringLiteral("foco en estados")); }},
+                {QStringLiteral("c"), [&] { igual(pagina(), 2, QStringLiteral("Alt+C")); igual(enfocado(), QStringLiteral("TxtValor(103)"), QStringLiteral("foco en determinación")); }},
+                {QStringLiteral("p"), [&] { igual(pagina(), 3, QStringLiteral("Alt+P")); igual(t3->currentIndex(), 0, QStringLiteral("pasivo intacto")); }},
+                {QStringLiteral("i"), [&] { igual(pagina(), 0, QStringLiteral("Alt+I")); }}});
+        // Within the statements: assets, liabilities, results, each by its letter.
+        correr(QStringLiteral("{A-f}{A-t}{?t}{A-e}{?e}{A-a}{?a}"),
+               {{QStringLiteral("t"), [&] { igual(t3->currentIndex(), 1, QStringLiteral("pasivo")); igual(enfocado(), QStringLiteral("TxtValor(532)"), QStringLiteral("foco en pasivo")); }},
+                {QStringLiteral("e"), [&] { igual(t3->currentIndex(), 2, QStringLiteral("resultados")); igual(enfocado(), QStringLiteral("TxtValor(461)"), QStringLiteral("foco en resultados")); }},
+                {QStringLiteral("a"), [&] { igual(t3->currentIndex(), 0, QStringLiteral("activo")); }}});
+        // No two visible controls share a letter on any page.
+        for (int p = 0; p < t1->count(); ++p) {
+            t1->setCurrentIndex(p);
+            QMap<QChar, QStringList> letras;
+            for (QWidget* w : v.vista->findChildren<QWidget*>()) {
+                if (!w->isVisible())
+                    continue;
+                QStringList textos;
+                if (auto* b = qobject_cast<QAbstractButton*>(w))
+                    textos << b->text();
+                if (auto* l = qobject_cast<QLabel*>(w); l && l->buddy())
+                    textos << l->text();
+                if (auto* tb = qobject_cast<QTabBar*>(w))
+                    for (int i = 0; i < tb->count(); ++i)
+                        if (tb->isTabVisible(i))
+                            textos << tb->tabText(i);
+                for (const QString& t : textos)
+                    if (const int i = t.indexOf(QLatin1Char('&')); i >= 0 && i + 1 < t.size())
+                        letras[t.at(i + 1).toLower()] << t;
+            }
+            for (auto it = letras.cbegin(); it != letras.cend(); ++it)
+                QVERIFY2(it.value().size() == 1, qPrintable(QStringLiteral("página %1: %2").arg(p).arg(it.value().join(QLatin1String(" / ")))));
+        }
+    }
+
+    // Enter walks the identification through every question it requires, page after page;
+    // Tab and Shift+Tab walk the same way.
+    void enterRecorreLasPreguntasObligatorias()
+    {
+        VentanaNueva v;
+        QStringList recorrido;
+        auto anotar = [&recorrido] { recorrido << enfocado(); };
+        correr(kContribuyente + QStringLiteral("{Space}{Enter}{?r}{Enter}{?r}{Space}{Enter}{?r}{Space}{?r}{Space}{Enter}{?r}{Space}{Enter}{?r}{S-Tab}{?r}{Tab}{?r}"),
+               {{QStringLiteral("r"), anotar}});
+        QCOMPARE(recorrido, (QStringList{QStringLiteral("OptRectifica(0)"), QStringLiteral("OptPersona(0)"),
+                                         QStringLiteral("OptInicio(0)"), QStringLiteral("OptPrecedente(0)"),
+                                         QStringLiteral("OptAnterior(0)"), QStringLiteral("CboBalance"),
+                                         QStringLiteral("OptAnterior(0)"), QStringLiteral("CboBalance")}));
+        QVERIFY(v.modelo.OptPersona.valor(0));
+        QVERIFY(v.modelo.OptAnterior.valor(0));
+    }
+
+    // In an amount box Delete deletes and Ctrl+A selects all; Enter on 473 opens the annex once,
+    // and once it is accepted the focus goes on, so the next Enter does not open it again.
+    void teclasDeEdicionYAnexoPorTeclado()
+    {
+        VentanaNueva v;
+        correr(kContribuyente + QStringLiteral("{Space}"));
+        for (const char* c : {"OptPersona(0)", "OptInicio(0)", "OptPrecedente(0)", "OptAnterior(0)"})
+            usuario::clic(v.vista.get(), QString::fromLatin1(c));
+        usuario::elegirLinea(v.vista.get(), QStringLiteral("CboBalance"), 0);
+        int anexos = 0;
+        correr(QStringLiteral("{A-f}{A-e}12345{Home}{Del}{?del}{C-a}9{?ca}{Enter}{Enter*5}{?473}{Enter}{?anexo}7000{Enter}3000{Enter}{Enter}{?475}{Enter}{?476}"),
+               {{QStringLiteral("del"), [&] { igual(textoDe(QStringLiteral("TxtValor(461)")), QStringLiteral("2345"), QStringLiteral("Supr")); }},
+                {QStringLiteral("ca"), [&] { igual(textoDe(QStringLiteral("TxtValor(461)")), QStringLiteral("9"), QStringLiteral("Ctrl+A")); }},
+                {QStringLiteral("473"), [&] { igual(enfocado(), QStringLiteral("TxtValor(473)"), QStringLiteral("llega a 473")); }},
+                {QStringLiteral("anexo"), [&] { ++anexos; comprobar(qobject_cast<frmAnexo477*>(QApplication::activeModalWidget()), QStringLiteral("anexo abierto")); }},
+                {QStringLiteral("475"), [&] { igual(enfocado(), QStringLiteral("TxtValor(475)"), QStringLiteral("tras el anexo")); }},
+                {QStringLiteral("476"), [&] { igual(enfocado(), QStringLiteral("TxtValor(476)"), QStringLiteral("Enter sigue")); }}});
+        QCOMPARE(anexos, 1);
+        QCOMPARE(v.control<QLineEdit>(QStringLiteral("TxtValor(473)"))->text(), QStringLiteral("10,000"));
+        QCOMPARE(v.control<QLineEdit>(QStringLiteral("TxtValor(461)"))->text(), QStringLiteral("9"));
+    }
+
+    // A paste holding anything a key of the box would refuse is refused whole, by keys, by
+    // drag and drop; a paste of what the keys take goes in.
+    void pegarSoloLoQueSeTeclearia_data()
+    {
+        QTest::addColumn<QString>("control");
+        QTest::addColumn<QString>("pegado");
+        QTest::addColumn<bool>("soltar");
+        QTest::addColumn<QString>("queda");
+        QTest::newRow("importe con separadores") << "TxtValor(461)" << "1,500.50" << false << "77";
+        QTest::newRow("importe soltado") << "TxtValor(461)" << "1,500.50" << true << "77";
+        QTest::newRow("importe limpio") << "TxtValor(461)" << "1500" << false << "771500";
+        QTest::newRow("importe limpio soltado") << "TxtValor(461)" << "1500" << true << "771500";
+        QTest::newRow("telefono con guion") << "TxtTelefono" << "444-5555" << false << "77";
+        QTest::newRow("nombre con cifras raras") << "TxtNombreA" << "PEREZ#1" << false << "77";
+    }
+
+    void pegarSoloLoQueSeTeclearia()
+    {
+        QFETCH(QString, control);
+        QFETCH(QString, pegado);
+        QFETCH(bool, soltar);
+        QFETCH(QString, queda);
+        VentanaNueva v;
+        correr(kContribuyente + QStringLiteral("{Space}"));
+        for (const char* c : {"OptPersona(0)", "OptInicio(0)", "OptPrecedente(0)", "OptAnterior(0)"})
+            usuario::clic(v.vista.get(), QString::fromLatin1(c));
+        usuario::elegirLinea(v.vista.get(), QStringLiteral("CboBalance"), 0);
+        usuario::teclear(v.vista.get(), control, QStringLiteral("77"));
+        auto* le = v.control<QLineEdit>(control);
+        if (soltar) {
+            QMimeData datos;
+            datos.setText(pegado);
+            const QPoint p(le->width() - 3, le->height() / 2);
+            QDragEnterEvent entrar(p, Qt::CopyAction, &datos, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(le, &entrar);
+            QDragMoveEvent mover(p, Qt::CopyAction, &datos, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(le, &mover);
+            QDropEvent soltarEv(p, Qt::CopyAction, &datos, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(le, &soltarEv);
+        } else {
+            QApplication::clipboard()->setText(pegado);
+            le->end(false);
+            QTest::keyClick(le, Qt::Key_V, Qt::ControlModifier);
+        }
+        QCOMPARE(le->text(), queda);
+        if (const int n = Frm931::casillaDeNombre(control))
+            QCOMPARE(v.modelo.txt(n), queda);
+    }
+};
+
+QTEST_MAIN(EscenarioVentana)
+#include "escenario_ventana.moc"
