@@ -192,6 +192,16 @@ public:
             terminado = true;
             return;
         }
+        // A window that a closed modal one hands back is active again before it takes keys
+        // (not every platform gives the activation back by itself).
+        if (!QApplication::activeModalWidget() && !QApplication::activeWindow()) {
+            for (QWidget* w : QApplication::topLevelWidgets())
+                if (w->isVisible() && !w->isMinimized() && w->windowType() != Qt::Popup && w->windowType() != Qt::ToolTip) {
+                    w->activateWindow();
+                    QTimer::singleShot(5, this, [this] { paso(); });
+                    return;
+                }
+        }
         // A modal window just shown takes the keys once it is active.
         QWidget* modal = QApplication::activeModalWidget();
         if (modal && !modal->isActiveWindow() && !QApplication::activePopupWidget()) {
