@@ -175,9 +175,8 @@ private slots:
         QCOMPARE(enfocado(), QStringLiteral("CmbRuc"));
     }
 
-    // After the first save the taxpayer's captions go grey with their boxes, and the boxes
-    // still read well; the same in modify mode.
-    void lasEtiquetasSiguenASusCajasYElTextoFijoSeLee()
+    // After the first save the taxpayer's captions go grey with their boxes.
+    void trasGrabarLasEtiquetasSiguenASusCajas()
     {
         {
             VentanaNueva v;
@@ -200,7 +199,12 @@ private slots:
             QVERIFY(!v.control(QStringLiteral("TxtRazon"))->isEnabled());
             QVERIFY(v.control(QStringLiteral("TxtTelefono"))->isEnabled());
         }
-        // Modify mode: the stored declaration opens with the taxpayer fixed.
+    }
+
+    // In modify mode the fixed taxpayer reads well (normal text on the window's background),
+    // its captions go grey with it, and the first focus is the first box there is to type.
+    void enModificarElTextoFijoSeLee()
+    {
         EntornoQt entorno;
         Frm931 modelo(&entorno);
         modelo.miModo = 1;
