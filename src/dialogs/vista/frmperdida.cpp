@@ -10,6 +10,7 @@
 #include <QClipboard>
 #include <QDialogButtonBox>
 #include <QFocusEvent>
+#include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QKeyEvent>
@@ -49,6 +50,11 @@ frmPerdidaEjercAnt::frmPerdidaEjercAnt(QWidget* padre)
     txtImporte = new QLineEdit;
     txtImporte->setObjectName(QStringLiteral("txtImporte"));
     txtImporte->setAlignment(Qt::AlignRight);
+    // Wide enough for the fifteen characters of the amount with its separators.
+    QFont cifras = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    cifras.setPointSizeF(QApplication::font().pointSizeF());
+    txtImporte->setFont(cifras);
+    txtImporte->setFixedWidth(QFontMetrics(cifras).horizontalAdvance(QLatin1Char('0')) * 17 + 12);
     txtImporte->setContextMenuPolicy(Qt::NoContextMenu);
     g->addWidget(new QLabel(QStringLiteral("Año :")), 0, 0);
     g->addWidget(MkeAnho, 0, 1, Qt::AlignLeft);
