@@ -12,6 +12,7 @@
 // opens a modal window finds the following steps running inside that window.
 #include "basic/respondedor_guion.h"
 #include "comun/base_prueba.h"
+#include "comun/usuario_vista.h"
 #include "store/base.h"
 
 #include <QApplication>
@@ -214,12 +215,6 @@ public:
         // next step waits for that.
         const bool conAlt = p.esTecla && (p.tecla.mod & Qt::AltModifier);
         QTimer::singleShot(conAlt ? 250 : 0, this, [this] { paso(); });
-        if (qEnvironmentVariableIsSet("ESCENARIO_TRAZA")) {
-            QWidget* d = destino();
-            qInfo().noquote() << siguiente - 1 << (p.esTecla ? QStringLiteral("tecla %1").arg(int(p.tecla.key), 0, 16) : p.revision.isEmpty() ? p.texto : QLatin1Char('?') + p.revision)
-                              << "->" << (d ? d->objectName() + QLatin1Char('/') + QString::fromLatin1(d->metaObject()->className()) : QStringLiteral("nada"))
-                              << (d ? d->window()->objectName() : QString());
-        }
         if (!p.revision.isEmpty()) {
             const auto r = revisiones.constFind(p.revision);
             if (r == revisiones.constEnd())
@@ -285,19 +280,11 @@ inline void igual(const A& obtenido, const B& esperado, const QString& que)
     }
 }
 
-// The widget of that class and object name in the window in front.
-template <class W>
-inline W* en(const QString& nombre)
-{
-    QWidget* v = QApplication::activeModalWidget();
-    if (!v)
-        v = QApplication::activeWindow();
-    return v ? v->findChild<W*>(nombre) : nullptr;
-}
-
+// The text of a box of the window in front.
 inline QString textoDe(const QString& nombre)
 {
-    auto* le = en<QLineEdit>(nombre);
+    QWidget* v = QApplication::activeModalWidget() ? QApplication::activeModalWidget() : QApplication::activeWindow();
+    auto* le = v ? v->findChild<QLineEdit*>(nombre) : nullptr;
     return le ? le->displayText() : QStringLiteral("<sin %1>").arg(nombre);
 }
 
@@ -306,6 +293,19 @@ inline QString enfocado()
     QWidget* w = QApplication::focusWidget();
     return w ? w->objectName() : QString();
 }
+
+// Runs a script and gives its faults and those of its check points in one text ("" when none).
+inline QString correr(const QString& guion, const QMap<QString, std::function<void()>>& revisiones = {})
+{
+    fallos().clear();
+    const QStringList f = ejecutar(guion, revisiones) + fallos();
+    return f.join(QLatin1Char('\n'));
+}
+#define ESCENARIO(...)                                          \
+    do {                                                        \
+        const QString fallos_ = escenario::correr(__VA_ARGS__); \
+        QVERIFY2(fallos_.isEmpty(), qPrintable(fallos_));       \
+    } while (0)
 
 // A declaration window opened as "&Nueva" opens it, shown and active, for a test that works on
 // one part of it.
@@ -326,6 +326,16 @@ struct VentanaNueva {
             fallos() << QStringLiteral("la ventana no se activó");
     }
     ~VentanaNueva() { entorno.vista = nullptr; }
+    // A General declaration for a July balance: the taxpayer and telephone by keyboard, the
+    // answers by mouse.
+    void identificar()
+    {
+        if (!correr(QStringLiteral("{Down}4445555{Enter}{Space}")).isEmpty())
+            return;
+        for (const char* c : {"OptPersona(0)", "OptInicio(0)", "OptPrecedente(0)", "OptAnterior(0)"})
+            usuario::clic(vista.get(), QString::fromLatin1(c));
+        usuario::elegirLinea(vista.get(), QStringLiteral("CboBalance"), 1);
+    }
     template <class W = QWidget>
     W* control(const QString& nombre) const { return qobject_cast<W*>(vista->control(nombre)); }
 };

@@ -23,22 +23,6 @@ class EscenarioDialogos : public QObject {
     std::unique_ptr<FamiliaPrueba> familia;
     RespondedorGuion& respondedor() { return familia->respondedor(); }
 
-    void correr(const QString& guion, const QMap<QString, std::function<void()>>& revisiones = {})
-    {
-        const QStringList f = escenario::ejecutar(guion, revisiones, 20000);
-        QVERIFY2(f.isEmpty(), qPrintable(f.join(QLatin1Char('\n'))));
-        QVERIFY2(fallos().isEmpty(), qPrintable(fallos().join(QLatin1Char('\n'))));
-    }
-
-    // A General declaration identified (the taxpayer by keyboard, the answers by mouse).
-    void identificar(VentanaNueva& v)
-    {
-        correr(QStringLiteral("{Down}4445555{Enter}{Space}"));
-        for (const char* c : {"OptPersona(0)", "OptInicio(0)", "OptPrecedente(0)", "OptAnterior(0)"})
-            usuario::clic(v.vista.get(), QString::fromLatin1(c));
-        usuario::elegirLinea(v.vista.get(), QStringLiteral("CboBalance"), 1);
-    }
-
     static QString importesGuardados()
     {
         QStringList l;
@@ -64,10 +48,10 @@ private slots:
     void perdidaPorTeclado()
     {
         VentanaNueva v;
-        identificar(v);
+        v.identificar();
         auto* t4 = v.vista->findChild<QTabWidget*>(QStringLiteral("SSTab4"));
         QString anho, enfocadoTrasTab, enfocadoTrasVuelta;
-        correr(QStringLiteral("{A-c}{Enter*2}2500{Enter}{A-p}{A-t}{?lista}{A-n}{?dialogo}"
+        ESCENARIO(QStringLiteral("{A-c}{Enter*2}2500{Enter}{A-p}{A-t}{?lista}{A-n}{?dialogo}"
                               "2015{Tab}{?tab}1234{Tab}{?fuera}{S-Tab}{?vuelta}{End}567890123456789{?largo}"
                               "{C-a}{?pegar}{Tab}{?pegado}{Enter}{?fila}"),
                {{QStringLiteral("lista"), [&] { igual(t4->currentIndex(), 1, QStringLiteral("página de pérdidas")); }},
@@ -100,7 +84,14 @@ private slots:
                 {QStringLiteral("fila"), [&] { igual(QApplication::activeModalWidget(), static_cast<QWidget*>(v.vista.get()), QStringLiteral("diálogo cerrado")); }}});
         QCOMPARE(importesGuardados(), QStringLiteral("2015=4321"));
         QVERIFY2(respondedor().textos().isEmpty(), qPrintable(respondedor().textos().join(QLatin1Char('\n'))));
-        QCOMPARE(t4->findChild<QWidget*>(QStringLiteral("grdPerdidaTributaria")) != nullptr, true);
+        // "Modificar" shows the row with its year shut and the focus on the amount.
+        ESCENARIO(QStringLiteral("{A-m}{?cambio}{Esc}"),
+                  {{QStringLiteral("cambio"), [] {
+                       auto* d = qobject_cast<frmPerdidaEjercAnt*>(QApplication::activeModalWidget());
+                       comprobar(d && !d->MkeAnho->isEnabled() && d->MkeAnho->text() == QLatin1String("2015"), QStringLiteral("año cerrado"));
+                       igual(enfocado(), QStringLiteral("txtImporte"), QStringLiteral("foco en el importe"));
+                       igual(textoDe(QStringLiteral("txtImporte")), QStringLiteral("4321"), QStringLiteral("importe"));
+                   }}});
     }
 
     // The length of the amount box is its own, whatever had the focus before: back in it by
@@ -133,9 +124,9 @@ private slots:
     void anexoPorTeclado()
     {
         VentanaNueva v;
-        identificar(v);
+        v.identificar();
         frmAnexo477* anexo = nullptr;
-        correr(QStringLiteral("{A-f}{A-e}{Tab*9}{?ir}{Enter}{?abierto}9999999999999{Tab}{?parte1}{S-Tab}{?vuelta}"
+        ESCENARIO(QStringLiteral("{A-f}{A-e}{Tab*9}{?ir}{Enter}{?abierto}9999999999999{Tab}{?parte1}{S-Tab}{?vuelta}"
                               "{Tab}{?pegar}{Tab}{?boton}{Enter}{?cerrado}"),
                {{QStringLiteral("ir"), [&] { igual(enfocado(), QStringLiteral("TxtValor(477)"), QStringLiteral("Tab hasta 477")); }},
                 {QStringLiteral("abierto"), [&] {
@@ -171,9 +162,9 @@ private slots:
     void laPaginaDePerdidasSeVaCon108()
     {
         VentanaNueva v;
-        identificar(v);
+        v.identificar();
         auto* t4 = v.vista->findChild<QTabWidget*>(QStringLiteral("SSTab4"));
-        correr(QStringLiteral("{A-c}{Enter*2}2500{Enter}{A-p}{A-t}{?perdidas}{A-c}{Enter*2}{BS*4}{Enter}{A-p}"),
+        ESCENARIO(QStringLiteral("{A-c}{Enter*2}2500{Enter}{A-p}{A-t}{?perdidas}{A-c}{Enter*2}{BS*4}{Enter}{A-p}"),
                {{QStringLiteral("perdidas"), [&] { igual(t4->currentIndex(), 1, QStringLiteral("en pérdidas")); }}});
         QVERIFY(!t4->isTabVisible(1));
         QCOMPARE(t4->currentIndex(), 0);

@@ -9,6 +9,9 @@
 #include "family/vista/ubigeoqvl.h"
 
 #include <QClipboard>
+#include <QScrollBar>
+#include <algorithm>
+#include <cmath>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QImage>
@@ -24,37 +27,21 @@ using namespace escenario;
 
 namespace {
 
-// Contrast of the darkest pixel of a widget against its commonest one (the background), as
-// the ratio of relative luminances used for legibility: 1 is none, 21 black on white.
+// Contrast of a box's text against its background as drawn, by the ratio of relative
+// luminances used for legibility (1 none, 21 black on white): darkest pixel against commonest.
 double contraste(QWidget* w)
 {
     const QImage img = w->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    auto luz = [](QRgb c) { return (0.2126 * qRed(c) + 0.7152 * qGreen(c) + 0.0722 * qBlue(c)) / 255.0; };
     QMap<QRgb, int> cuenta;
-    QRgb oscuro = qRgb(255, 255, 255);
-    auto luz = [](QRgb c) {
-        auto canal = [](int v) {
-            const double x = v / 255.0;
-            return x <= 0.03928 ? x / 12.92 : std::pow((x + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * canal(qRed(c)) + 0.7152 * canal(qGreen(c)) + 0.0722 * canal(qBlue(c));
-    };
-    // The inner part only: the frame of the box is not its text.
+    double oscuro = 1;
     for (int y = 4; y < img.height() - 4; ++y)
         for (int x = 4; x < img.width() - 4; ++x) {
-            const QRgb c = img.pixel(x, y);
-            ++cuenta[c];
-            if (luz(c) < luz(oscuro))
-                oscuro = c;
+            ++cuenta[img.pixel(x, y)];
+            oscuro = qMin(oscuro, luz(img.pixel(x, y)));
         }
-    QRgb fondo = 0;
-    int max = -1;
-    for (auto it = cuenta.cbegin(); it != cuenta.cend(); ++it)
-        if (it.value() > max) {
-            max = it.value();
-            fondo = it.key();
-        }
-    const double a = luz(fondo), b = luz(oscuro);
-    return (qMax(a, b) + 0.05) / (qMin(a, b) + 0.05);
+    const QRgb fondo = std::max_element(cuenta.cbegin(), cuenta.cend()).key();
+    return (std::pow(luz(fondo), 2.2) + 0.05) / (std::pow(oscuro, 2.2) + 0.05);
 }
 
 QLabel* etiqueta(QWidget* v, const QString& texto)
@@ -75,13 +62,6 @@ class EscenarioVentana : public QObject {
 
     std::unique_ptr<FamiliaPrueba> familia;
     RespondedorGuion& respondedor() { return familia->respondedor(); }
-
-    void correr(const QString& guion, const QMap<QString, std::function<void()>>& revisiones = {})
-    {
-        const QStringList f = escenario::ejecutar(guion, revisiones, 20000);
-        QVERIFY2(f.isEmpty(), qPrintable(f.join(QLatin1Char('\n'))));
-        QVERIFY2(fallos().isEmpty(), qPrintable(fallos().join(QLatin1Char('\n'))));
-    }
 
 private slots:
     void init()
@@ -114,7 +94,7 @@ private slots:
         QFETCH(QString, caption);
         QFETCH(QString, caja);
         VentanaNueva v;
-        correr(kContribuyente);
+        ESCENARIO(kContribuyente);
         QString titulo;
         for (const QString& c : clics.split(QLatin1Char(' '))) {
             if (!c.startsWith(QLatin1String("CmdZona"))) {
@@ -125,7 +105,7 @@ private slots:
             QPushButton* b = v.control<QPushButton>(c);
             QVERIFY(b && b->isEnabled());
             // In the picker: first department, first province, first district, Enter accepts.
-            correr(QStringLiteral("{?abrir}{?picker}{Down}{Tab}{Down}{Tab}{Down}{Enter}"),
+            ESCENARIO(QStringLiteral("{?abrir}{?picker}{Down}{Tab}{Down}{Tab}{Down}{Enter}"),
                    {{QStringLiteral("abrir"), [b] { QTest::mouseClick(b, Qt::LeftButton); }},
                     {QStringLiteral("picker"), [&titulo] {
                          auto* u = qobject_cast<frmUbigeo*>(QApplication::activeModalWidget());
@@ -162,7 +142,7 @@ private slots:
         if (teclas.isEmpty())
             QTest::mouseClick(t->tabBar(), Qt::LeftButton, {}, t->tabBar()->tabRect(pagina).center());
         else
-            correr(teclas);
+            ESCENARIO(teclas);
         QCOMPARE(respondedor().textos(), QStringList{QStringLiteral("Debe seleccionar un Contribuyente.")});
         for (auto* w : v.vista->findChildren<QTabWidget*>()) {
             auto* cuerpo = w->findChild<QStackedWidget*>();
@@ -180,10 +160,7 @@ private slots:
     {
         {
             VentanaNueva v;
-            correr(kContribuyente);
-            for (const char* c : {"optRenta(0)", "OptPersona(0)", "OptInicio(0)", "OptPrecedente(0)", "OptAnterior(0)"})
-                usuario::clic(v.vista.get(), QString::fromLatin1(c));
-            usuario::elegirLinea(v.vista.get(), QStringLiteral("CboBalance"), 0);
+            v.identificar();
             usuario::teclear(v.vista.get(), QStringLiteral("TxtValor(461)"), QStringLiteral("100000"));
             QTest::mouseClick(v.control(QStringLiteral("CmdGrabar")), Qt::LeftButton);
             QVERIFY2(!v.modelo.mbModificado, qPrintable(respondedor().textos().join(QLatin1Char('\n'))));
@@ -233,21 +210,17 @@ private slots:
     void cadaPaginaTieneSuLetra()
     {
         VentanaNueva v;
-        correr(kContribuyente + QStringLiteral("{Space}"));
-        usuario::clic(v.vista.get(), QStringLiteral("OptPersona(0)"));
-        for (const char* c : {"OptInicio(0)", "OptPrecedente(0)", "OptAnterior(0)"})
-            usuario::clic(v.vista.get(), QString::fromLatin1(c));
-        usuario::elegirLinea(v.vista.get(), QStringLiteral("CboBalance"), 0);
+        v.identificar();
         auto* t1 = v.vista->findChild<QTabWidget*>(QStringLiteral("SSTab1"));
         auto* t3 = v.vista->findChild<QTabWidget*>(QStringLiteral("SSTab3"));
         auto pagina = [t1] { return t1->currentIndex(); };
-        correr(QStringLiteral("{A-f}{?f}{A-c}{?c}{A-f}{A-p}{?p}{A-p}{?p}{A-i}{?i}"),
+        ESCENARIO(QStringLiteral("{A-f}{?f}{A-c}{?c}{A-f}{A-p}{?p}{A-p}{?p}{A-i}{?i}"),
                {{QStringLiteral("f"), [&] { igual(pagina(), 1, QStringLiteral("Alt+F")); igual(enfocado(), QStringLiteral("TxtValor(500)"), QStringLiteral("foco en estados")); }},
                 {QStringLiteral("c"), [&] { igual(pagina(), 2, QStringLiteral("Alt+C")); igual(enfocado(), QStringLiteral("TxtValor(103)"), QStringLiteral("foco en determinación")); }},
                 {QStringLiteral("p"), [&] { igual(pagina(), 3, QStringLiteral("Alt+P")); igual(t3->currentIndex(), 0, QStringLiteral("pasivo intacto")); }},
                 {QStringLiteral("i"), [&] { igual(pagina(), 0, QStringLiteral("Alt+I")); }}});
         // Within the statements: assets, liabilities, results, each by its letter.
-        correr(QStringLiteral("{A-f}{A-t}{?t}{A-e}{?e}{A-a}{?a}"),
+        ESCENARIO(QStringLiteral("{A-f}{A-t}{?t}{A-e}{?e}{A-a}{?a}"),
                {{QStringLiteral("t"), [&] { igual(t3->currentIndex(), 1, QStringLiteral("pasivo")); igual(enfocado(), QStringLiteral("TxtValor(532)"), QStringLiteral("foco en pasivo")); }},
                 {QStringLiteral("e"), [&] { igual(t3->currentIndex(), 2, QStringLiteral("resultados")); igual(enfocado(), QStringLiteral("TxtValor(461)"), QStringLiteral("foco en resultados")); }},
                 {QStringLiteral("a"), [&] { igual(t3->currentIndex(), 0, QStringLiteral("activo")); }}});
@@ -283,7 +256,7 @@ private slots:
         VentanaNueva v;
         QStringList recorrido;
         auto anotar = [&recorrido] { recorrido << enfocado(); };
-        correr(kContribuyente + QStringLiteral("{Space}{Enter}{?r}{Enter}{?r}{Space}{Enter}{?r}{Space}{?r}{Space}{Enter}{?r}{Space}{Enter}{?r}{S-Tab}{?r}{Tab}{?r}"),
+        ESCENARIO(kContribuyente + QStringLiteral("{Space}{Enter}{?r}{Enter}{?r}{Space}{Enter}{?r}{Space}{?r}{Space}{Enter}{?r}{Space}{Enter}{?r}{S-Tab}{?r}{Tab}{?r}"),
                {{QStringLiteral("r"), anotar}});
         QCOMPARE(recorrido, (QStringList{QStringLiteral("OptRectifica(0)"), QStringLiteral("OptPersona(0)"),
                                          QStringLiteral("OptInicio(0)"), QStringLiteral("OptPrecedente(0)"),
@@ -298,12 +271,9 @@ private slots:
     void teclasDeEdicionYAnexoPorTeclado()
     {
         VentanaNueva v;
-        correr(kContribuyente + QStringLiteral("{Space}"));
-        for (const char* c : {"OptPersona(0)", "OptInicio(0)", "OptPrecedente(0)", "OptAnterior(0)"})
-            usuario::clic(v.vista.get(), QString::fromLatin1(c));
-        usuario::elegirLinea(v.vista.get(), QStringLiteral("CboBalance"), 0);
+        v.identificar();
         int anexos = 0;
-        correr(QStringLiteral("{A-f}{A-e}12345{Home}{Del}{?del}{C-a}9{?ca}{Enter}{Enter*5}{?473}{Enter}{?anexo}7000{Enter}3000{Enter}{Enter}{?475}{Enter}{?476}"),
+        ESCENARIO(QStringLiteral("{A-f}{A-e}12345{Home}{Del}{?del}{C-a}9{?ca}{Enter}{Enter*5}{?473}{Enter}{?anexo}7000{Enter}3000{Enter}{Enter}{?475}{Enter}{?476}"),
                {{QStringLiteral("del"), [&] { igual(textoDe(QStringLiteral("TxtValor(461)")), QStringLiteral("2345"), QStringLiteral("Supr")); }},
                 {QStringLiteral("ca"), [&] { igual(textoDe(QStringLiteral("TxtValor(461)")), QStringLiteral("9"), QStringLiteral("Ctrl+A")); }},
                 {QStringLiteral("473"), [&] { igual(enfocado(), QStringLiteral("TxtValor(473)"), QStringLiteral("llega a 473")); }},
@@ -338,10 +308,7 @@ private slots:
         QFETCH(bool, soltar);
         QFETCH(QString, queda);
         VentanaNueva v;
-        correr(kContribuyente + QStringLiteral("{Space}"));
-        for (const char* c : {"OptPersona(0)", "OptInicio(0)", "OptPrecedente(0)", "OptAnterior(0)"})
-            usuario::clic(v.vista.get(), QString::fromLatin1(c));
-        usuario::elegirLinea(v.vista.get(), QStringLiteral("CboBalance"), 0);
+        v.identificar();
         usuario::teclear(v.vista.get(), control, QStringLiteral("77"));
         auto* le = v.control<QLineEdit>(control);
         if (soltar) {
@@ -362,6 +329,40 @@ private slots:
         QCOMPARE(le->text(), queda);
         if (const int n = Frm931::casillaDeNombre(control))
             QCOMPARE(v.modelo.txt(n), queda);
+    }
+
+    // With the mouse: a double click on 477 opens its annex, which answers by mouse; once
+    // accepted the focus is on 478. The help line shows the formula of a computed box under the
+    // pointer, and Escape with changes asks before leaving.
+    void conElRaton()
+    {
+        VentanaNueva v;
+        v.identificar();
+        usuario::irA(v.vista.get(), QStringLiteral("TxtValor(477)"));
+        auto* c477 = v.control<QLineEdit>(QStringLiteral("TxtValor(477)"));
+        ESCENARIO(QStringLiteral("{?dobleclic}{?anexo}"),
+                  {{QStringLiteral("dobleclic"), [c477] { QTest::mouseDClick(c477, Qt::LeftButton); }},
+                   {QStringLiteral("anexo"), [] {
+                        auto* a = qobject_cast<frmAnexo477*>(QApplication::activeModalWidget());
+                        comprobar(a, QStringLiteral("anexo abierto"));
+                        if (!a)
+                            return;
+                        QTest::keyClicks(a->TxtMonto[0], QStringLiteral("7000"));
+                        QTest::mouseClick(a->TxtMonto[1], Qt::LeftButton);
+                        QTest::keyClicks(a->TxtMonto[1], QStringLiteral("3000"));
+                        QTest::mouseClick(a->CmdGrabar, Qt::LeftButton);
+                    }}});
+        QCOMPARE(c477->text(), QStringLiteral("10,000"));
+        QCOMPARE(enfocado(), QStringLiteral("TxtValor(478)"));
+        QEvent entrar(QEvent::Enter);
+        QCoreApplication::sendEvent(v.control(QStringLiteral("TxtValor(484)")), &entrar);
+        auto* ayuda = v.vista->findChild<QLabel*>(QStringLiteral("TxtAyuda"));
+        QCOMPARE(ayuda->text(), QStringLiteral("c484 = c470-c471-c472+c473+c475+c476+c477-c478-c480+c481-c483"));
+        QCOMPARE(ayuda->palette().color(QPalette::WindowText), QColor(0, 0, 0xC0));
+        respondedor().respuestas << vbCancel;
+        QTest::keyClick(v.vista.get(), Qt::Key_Escape);
+        QCOMPARE(respondedor().textos().last(), QStringLiteral("¿El formulario ha sido modificado, desea guardar los cambios?"));
+        QVERIFY(v.vista->isVisible());
     }
 };
 
