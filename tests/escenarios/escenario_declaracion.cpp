@@ -101,7 +101,7 @@ private slots:
     void unaDeclaracionPorRegimen_data()
     {
         QTest::addColumn<QString>("teclas");      // identification and regime details
-        QTest::addColumn<Figuras>("pantalla");    // the reopened window, by control
+        QTest::addColumn<Figuras>("pantalla");    // the reopened window, by control ("selector": the picker's caption)
         QTest::addColumn<Figuras>("filas");       // DET rows, casilla -> stored value
 
         // Common to every regime: the chain from the results to the taxable income.
@@ -136,13 +136,13 @@ private slots:
             << identificacion(2) + QStringLiteral("{Left}{Space}{Tab}{Left}{Space}{Tab}{Space}{Tab}{Space}{?ubigeo}")
                    + ubigeo(1) + QStringLiteral("{Tab}") + kPago + kEstados
             << mas({{"optRenta(2)", "x"}, {"OptUbicAmazonia(1)", "x"}, {"OptDomFiscal(1)", "x"},
-                    {"OptZona(0)", "x"}, {"TxtUbigeo", "010101"}, {"TxtValor(113)", "21,170"}})
+                    {"OptZona(0)", "x"}, {"TxtUbigeo", "010101"}, {"selector", "Ubigeo Zona 1"}, {"TxtValor(113)", "21,170"}})
             << filasMas({{"056", "2"}, {"809", "1"}, {"860", "1"}, {"811", "0"}, {"812", "010101"}, {"113", "21170"}});
         QTest::newRow("frontera")
             << identificacion(3) + QStringLiteral("{Left}{Space}{Tab}{Left}{Space}{Tab}{Space}{?ubigeo}") + ubigeo(23)
                    + QStringLiteral("{Tab}") + kPago + kEstados
             << mas({{"optRenta(3)", "x"}, {"OptActividad(1)", "x"}, {"OptFrontera(1)", "x"},
-                    {"TxtUbigeo2", "230101"}})
+                    {"TxtUbigeo2", "230101"}, {"selector", "Ubigeo Zona 3"}})
             << filasMas({{"056", "3"}, {"601", "1"}, {"602", "1"}, {"603", "230101"}});
         QTest::newRow("convenio")
             << identificacion(4) + QStringLiteral("{Space}{Tab}12345678{Tab}") + kPago + kEstados
@@ -176,9 +176,9 @@ private slots:
                  igual(enfocado(), QStringLiteral("TxtValor(500)"), QStringLiteral("primera parada"));
                  igual(QApplication::activeModalWidget()->findChild<QScrollBar*>(QStringLiteral("VScroll1"))->value(), 1, QStringLiteral("barra"));
              }},
-            {QStringLiteral("ubigeo"), [] {
-                 igual(QApplication::activeModalWidget() ? QApplication::activeModalWidget()->objectName() : QString(),
-                       QStringLiteral("frmUbigeo"), QStringLiteral("selector geográfico"));
+            {QStringLiteral("ubigeo"), [&reabierta] {
+                 QWidget* w = QApplication::activeModalWidget();
+                 reabierta.insert(QStringLiteral("selector"), w && w->objectName() == QLatin1String("frmUbigeo") ? w->windowTitle() : QString());
              }},
             {QStringLiteral("perdida"), [] {
                  igual(QApplication::activeModalWidget() ? QApplication::activeModalWidget()->objectName() : QString(),
@@ -197,7 +197,10 @@ private slots:
                  pickers += qobject_cast<FrmContAbrirVista*>(QApplication::activeModalWidget()) != nullptr;
              }},
             {QStringLiteral("releer"), [&reabierta] {
+                 const QString selector = reabierta.value(QStringLiteral("selector"));
                  reabierta = enPantalla();
+                 if (!selector.isEmpty())
+                     reabierta.insert(QStringLiteral("selector"), selector);
                  igual(enfocado(), QStringLiteral("TxtTelefono"), QStringLiteral("primer foco al reabrir"));
              }},
         };

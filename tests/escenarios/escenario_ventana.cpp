@@ -1,27 +1,21 @@
-// The declaration window as the accountant uses it: the geographic picker from both "Ubigeo"
-// buttons, pages that refuse a change, captions and read-only texts after a save and in modify
+// The declaration window as the accountant uses it: pages that refuse a change, captions and read-only texts after a save and in modify
 // mode, the keyboard (Alt+letter, Tab both ways, Enter, Delete, Ctrl+A) and pasting.
 #include "escenario.h"
 
 #include "comun/usuario_vista.h"
 #include "dialogs/vista/frmanexo477.h"
-#include "dialogs/vista/frmubigeo.h"
-#include "family/vista/ubigeoqvl.h"
 
 #include <QClipboard>
-#include <QScrollBar>
-#include <algorithm>
-#include <cmath>
-#include <QComboBox>
-#include <QGroupBox>
 #include <QImage>
 #include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTabWidget>
+
+#include <algorithm>
+#include <cmath>
 
 using namespace escenario;
 
@@ -72,51 +66,6 @@ private slots:
     }
 
     void cleanup() { familia.reset(); }
-
-    // Both "Ubigeo" buttons open the picker of their zone and bring the code chosen back into
-    // their own box; the picker is worked with the keyboard, the button with the mouse.
-    void losBotonesUbigeoTraenElCodigo_data()
-    {
-        QTest::addColumn<QString>("clics");      // options clicked, the last one the button
-        QTest::addColumn<QString>("caption");
-        QTest::addColumn<QString>("caja");
-        QTest::newRow("amazonia zona 1") << "optRenta(2) OptUbicAmazonia(1) OptDomFiscal(1) OptZona(0) CmdZona1"
-                                         << "Ubigeo Zona 1" << "TxtUbigeo";
-        QTest::newRow("amazonia zona 2") << "optRenta(2) OptLeyAmazonia(1) OptDomFiscal(1) OptZona(1) CmdZona1"
-                                         << "Ubigeo Zona 2" << "TxtUbigeo";
-        QTest::newRow("frontera") << "optRenta(3) OptActividad(1) OptFrontera(1) CmdZona2" << "Ubigeo Zona 3"
-                                  << "TxtUbigeo2";
-    }
-
-    void losBotonesUbigeoTraenElCodigo()
-    {
-        QFETCH(QString, clics);
-        QFETCH(QString, caption);
-        QFETCH(QString, caja);
-        VentanaNueva v;
-        ESCENARIO(kContribuyente);
-        QString titulo;
-        for (const QString& c : clics.split(QLatin1Char(' '))) {
-            if (!c.startsWith(QLatin1String("CmdZona"))) {
-                usuario::clic(v.vista.get(), c);
-                continue;
-            }
-            usuario::irA(v.vista.get(), c);
-            QPushButton* b = v.control<QPushButton>(c);
-            QVERIFY(b && b->isEnabled());
-            // In the picker: first department, first province, first district, Enter accepts.
-            ESCENARIO(QStringLiteral("{?abrir}{?picker}{Down}{Tab}{Down}{Tab}{Down}{Enter}"),
-                   {{QStringLiteral("abrir"), [b] { QTest::mouseClick(b, Qt::LeftButton); }},
-                    {QStringLiteral("picker"), [&titulo] {
-                         auto* u = qobject_cast<frmUbigeo*>(QApplication::activeModalWidget());
-                         comprobar(u != nullptr, QStringLiteral("el selector no se abrió"));
-                         if (u)
-                             titulo = u->windowTitle();
-                     }}});
-        }
-        QCOMPARE(titulo, caption);
-        QCOMPARE(v.control<QLineEdit>(caja)->text(), QStringLiteral("010101"));
-    }
 
     // A page change that a check refuses leaves header and body on the page that stays, by
     // mouse and by Alt+letter.
