@@ -115,7 +115,7 @@ private slots:
             QVERIFY2(!v.modelo.mbModificado, qPrintable(respondedor().textos().join(QLatin1Char('\n'))));
             usuario::irA(v.vista.get(), QStringLiteral("TxtRazon"));
             const QList<QPair<QString, QString>> pares{{QStringLiteral("Razón social"), QStringLiteral("TxtRazon")},
-                                                       {QStringLiteral("&RUC"), QStringLiteral("TxtNumRuc")},
+                                                       {QStringLiteral("R&UC"), QStringLiteral("TxtNumRuc")},
                                                        {QStringLiteral("&Teléfono"), QStringLiteral("TxtTelefono")}};
             for (const auto& [texto, caja] : pares) {
                 QLabel* l = etiqueta(v.vista.get(), texto);

@@ -21,18 +21,18 @@
 #include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QHash>
-#include <QMimeData>
-#include <QStackedWidget>
 #include <QHBoxLayout>
+#include <QHash>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QStackedWidget>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTimer>
@@ -169,7 +169,6 @@ QString conAtajo(const QString& caption)
         {QStringLiteral("I&nformación general"), QStringLiteral("Información genera&l")},
         {QStringLiteral("Pérdida tributaria compensable de ejercicios anteriores"),
          QStringLiteral("Pérdida &tributaria compensable de ejercicios anteriores")},
-        {QStringLiteral("&Registrar Nro. Orden"), QStringLiteral("Re&gistrar Nro. Orden")},
     };
     return atajos.value(caption, caption);
 }
@@ -464,7 +463,8 @@ QWidget* Frm931Vista::paginaDatosGenerales()
 
     QGroupBox* f11 = nuevoMarco(QStringLiteral("Frame11"), QStringLiteral("Contribuyente"));
     auto* g11 = new QGridLayout(f11);
-    auto* lRuc = new QLabel(QStringLiteral("&RUC"));
+    // U: the R is the order-number button's, which shares the page in a sent declaration.
+    auto* lRuc = new QLabel(QStringLiteral("R&UC"));
     QComboBox* cmbRuc = nuevaLista(QStringLiteral("CmbRuc"), m_.CmbRuc);
     cmbRuc->setMinimumWidth(420);
     QLineEdit* numRuc = nuevaCaja(QStringLiteral("TxtNumRuc"), &m_.TxtNumRuc);
