@@ -9,6 +9,8 @@
 #include "register/vista/frmcontabrir.h"
 #include "shell/vista/mdifrm.h"
 
+#include <QComboBox>
+#include <QLabel>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSqlQuery>
@@ -53,7 +55,7 @@ const QString kEstados = QStringLiteral(
     "{A-p}PEREZ{Enter}JUAN{Enter}"
     "{A-t}{A-n}{?perdida}2015{Enter}2500{Enter}{Enter}"
     // Check, save, leave.
-    "{A-v}{?consist}{A-a}{A-g}{?grabada}{A-s}"
+    "{A-v}{?consist}{A-a}{A-g}{?grabada}{?antes}{A-s}"
     // Open it again from the working picker.
     "{A-d}m{?picker}{A-m}{?releer}{A-s}{?picker}{A-s}");
 
@@ -73,7 +75,8 @@ class EscenarioDeclaracion : public QObject {
         return f;
     }
 
-    // What the window in front shows, by control: boxes by their text, options "x" when set.
+    // What the window in front shows, by control: boxes and lists by their text, options "x"
+    // when set, the headings of the statements and the payment system.
     static Figuras enPantalla()
     {
         Figuras f;
@@ -86,6 +89,12 @@ class EscenarioDeclaracion : public QObject {
         for (QRadioButton* r : v->findChildren<QRadioButton*>())
             if (r->isChecked())
                 f.insert(r->objectName(), QStringLiteral("x"));
+        for (QComboBox* c : v->findChildren<QComboBox*>())
+            if (c->objectName() != QLatin1String("CmbRuc"))
+                f.insert(c->objectName(), c->currentText());
+        for (QLabel* l : v->findChildren<QLabel*>())
+            if (l->objectName().startsWith(QLatin1String("lblTab2")) || l->objectName() == QLatin1String("LblSistema"))
+                f.insert(l->objectName(), l->text());
         return f;
     }
 
@@ -162,7 +171,7 @@ private slots:
         MDIFrm principal;
         principal.show();
         QVERIFY(QTest::qWaitForWindowActive(&principal));
-        Figuras reabierta;
+        Figuras antes, reabierta;
         int anexos = 0, pickers = 0;
         const QMap<QString, std::function<void()>> revisiones{
             {QStringLiteral("anexo"), [&anexos] { anexos += qobject_cast<QDialog*>(QApplication::activeModalWidget()) != nullptr; }},
@@ -196,6 +205,7 @@ private slots:
             {QStringLiteral("picker"), [&pickers] {
                  pickers += qobject_cast<FrmContAbrirVista*>(QApplication::activeModalWidget()) != nullptr;
              }},
+            {QStringLiteral("antes"), [&antes] { antes = enPantalla(); }},
             {QStringLiteral("releer"), [&reabierta] {
                  const QString selector = reabierta.value(QStringLiteral("selector"));
                  reabierta = enPantalla();
@@ -217,6 +227,16 @@ private slots:
         for (auto it = pantalla.cbegin(); it != pantalla.cend(); ++it)
             if (reabierta.value(it.key()) != it.value())
                 distintas << QStringLiteral("%1: '%2' (esperado '%3')").arg(it.key(), reabierta.value(it.key()), it.value());
+        // Everything else reads back as it was before leaving (the name without the blanks of
+        // the taxpayer list), but for what the stored form shows its own way: the cost of sales
+        // as a signed amount, the period box as the stored period, the unanswered suspension as
+        // the "No" stored, the taxpayer in a box.
+        const QStringList propias{QStringLiteral("TxtValor(464)"), QStringLiteral("TxtEjercicio"),
+                                  QStringLiteral("OptSuspPC(0)"), QStringLiteral("TxtNumRuc"), QStringLiteral("selector")};
+        for (auto it = antes.cbegin(); it != antes.cend(); ++it)
+            if (!propias.contains(it.key()) && reabierta.value(it.key()).trimmed() != it.value().trimmed())
+                distintas << QStringLiteral("%1: '%2' -> '%3'").arg(it.key(), it.value(), reabierta.value(it.key()));
+        QCOMPARE(reabierta.value(QStringLiteral("TxtValor(464)")), QStringLiteral("-210,000"));
         QVERIFY2(distintas.isEmpty(), qPrintable(distintas.join(QLatin1Char('\n'))));
         QCOMPARE(escalar(QStringLiteral("SELECT Anho || '=' || Importe FROM F0931_PTCEA")).toString(), QStringLiteral("2015=2500"));
         QCOMPARE(escalar(QStringLiteral("SELECT COUNT(*) FROM CAB")).toInt(), 1);
