@@ -94,31 +94,6 @@ private slots:
                    }}});
     }
 
-    // The length of the amount box is its own, whatever had the focus before: back in it by
-    // the mouse after the year, it takes twelve digits again, and twelve are stored.
-    void perdidaConservaElLargoConElRaton()
-    {
-        G().gsRucPerdida = DatosDemo::kRucAndina;
-        G().gsPeriodo = QStringLiteral("202608");
-        G().gsModoPerdida = QStringLiteral("0");
-        frmPerdidaEjercAnt d;
-        d.show();
-        QVERIFY(QTest::qWaitForWindowActive(&d));
-        QTest::keyClicks(d.MkeAnho, QStringLiteral("2012"));
-        QTest::mouseClick(d.txtImporte, Qt::LeftButton);
-        QTest::keyClicks(d.txtImporte, QStringLiteral("1234"));
-        QTest::mouseClick(d.MkeAnho, Qt::LeftButton);
-        QCOMPARE(d.txtImporte->text(), QStringLiteral("1,234"));
-        QCOMPARE(d.txtImporte->maxLength(), 15);
-        QTest::mouseClick(d.txtImporte, Qt::LeftButton);
-        QCOMPARE(d.txtImporte->maxLength(), 12);
-        d.txtImporte->end(false);
-        QTest::keyClicks(d.txtImporte, QStringLiteral("567890123456789"));
-        QCOMPARE(d.txtImporte->text(), QStringLiteral("123456789012"));
-        QTest::mouseClick(d.cmdAccion[0], Qt::LeftButton);
-        QCOMPARE(importesGuardados(), QStringLiteral("2012=123456789012"));
-    }
-
     // The annex by keyboard from 477: Tab between the parts and the buttons, each part twelve
     // digits while typed and fifteen characters shown, a paste with separators refused.
     void anexoPorTeclado()
