@@ -68,6 +68,7 @@ void FrmPerdidaEjercAnt::MkeAnho_LostFocus()
 
 void FrmPerdidaEjercAnt::txtImporte_GotFocus()
 {
+    txtImporte.MaxLength = 12;
     txtImporte.Text = Format(txtImporte.Text, kSinSeparadores);
 }
 

@@ -54,6 +54,11 @@ void Frm931::TxtValor_Change(int Index)
         SSTab4.TabVisible[1] = hay;
         for (Boton& b : cmdPerdida)
             b.Enabled = hay;
+        // A hidden page is not the page shown: the tab control falls back on the general data.
+        if (!hay && SSTab4.Tab == 1) {
+            SSTab4.Tab = 0;
+            SSTab4_Click(1);
+        }
         break;
     }
     case 150:

@@ -618,7 +618,13 @@ void Frm931::darFoco(const QString& control)
 
 void Frm931::pTecla(const QString& tecla)
 {
-    if (tecla != QLatin1String("TAB"))
+    // "TAB" moves on, "+TAB" (Shift+Tab) back.
+    int paso = 0;
+    if (tecla == QLatin1String("TAB"))
+        paso = 1;
+    else if (tecla == QLatin1String("+TAB"))
+        paso = -1;
+    else
         return;
     const QVector<Parada>& p = paradas();
     const int actual = indiceParadas().value(sinIndice(foco), -1);
@@ -628,8 +634,9 @@ void Frm931::pTecla(const QString& tecla)
         if (nombre == QLatin1String("SSTab4")) return &SSTab4;
         return nullptr;
     };
+    const int desde = actual < 0 && paso < 0 ? 0 : actual;
     for (int k = 1; k <= p.size(); ++k) {
-        const Parada& s = p[(actual + k + p.size()) % p.size()];
+        const Parada& s = p[((desde + paso * k) % p.size() + p.size()) % p.size()];
         if (s.paginaSSTab1 >= 0 && SSTab1.Tab != s.paginaSSTab1)
             continue;
         if (const Pestanas* sub = pestana(s.subTab); sub && sub->Tab != s.paginaSub)

@@ -132,7 +132,8 @@ public:
     void darFocoCasilla(int n) { darFoco(nombreCasilla(n)); }
     static QString nombreCasilla(int n) { return QStringLiteral("TxtValor(%1)").arg(n); }
     static int casillaDeNombre(const QString& control);   // 0 when not a box
-    // The Tab keystroke: focus to the next control in the window's tab order that can take it.
+    // The Tab keystroke ("TAB"; "+TAB" is Shift+Tab): focus to the next (previous) control in
+    // the window's tab order that can take it.
     void pTecla(const QString& tecla);
     // The window's tab order, one name a stop (option groups are one stop: "optRenta").
     static const QStringList& ordenTabulacion();

@@ -67,12 +67,4 @@ inline void elegirLinea(Frm931Vista* vista, const QString& control, int indice)
     emit c->activated(indice);
 }
 
-inline int lineaQueEmpieza(const Lista& l, const QString& inicio)
-{
-    for (int i = 0; i < l.items.size(); ++i)
-        if (l.items[i].startsWith(inicio))
-            return i;
-    return -1;
-}
-
 }  // namespace usuario

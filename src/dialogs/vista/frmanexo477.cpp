@@ -14,6 +14,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -85,9 +86,11 @@ frmAnexo477::frmAnexo477(Frm931& frm, int nCasilla, QWidget* padre)
     CmdGrabar->setObjectName(QStringLiteral("CmdGrabar"));
     cmdCancelar = botones->addButton(m_.cmdCancelarCaption, QDialogButtonBox::RejectRole);
     cmdCancelar->setObjectName(QStringLiteral("cmdCancelar"));
+    // Enter presses the button that has the focus; the boxes keep Enter for moving on.
     for (QPushButton* b : {CmdGrabar, cmdCancelar}) {
-        b->setAutoDefault(false);
+        b->setAutoDefault(true);
         b->setDefault(false);
+        b->installEventFilter(this);
     }
     connect(CmdGrabar, &QPushButton::clicked, this, [this] {
         try {
@@ -147,8 +150,35 @@ void frmAnexo477::refrescar()
     --refrescando_;
 }
 
+// A paste (or a drop) into a part: taken only when every character is one its keys take and
+// the part still fits; otherwise refused, the part as it was.
+void frmAnexo477::pegar(int i, const QString& texto)
+{
+    bool cabe = !texto.isEmpty();
+    for (QChar c : texto)
+        cabe = cabe && c.unicode() >= 32 && m_.TxtMonto_KeyPress(i, c.unicode()) != 0;
+    QLineEdit* w = TxtMonto[i];
+    const int largo = w->text().size() - w->selectedText().size() + texto.size();
+    if (!cabe || largo > m_.TxtMonto[i].MaxLength) {
+        QApplication::beep();
+        return;
+    }
+    w->insert(texto);
+    try {
+        m_.setMonto(i, w->text());
+    } catch (const ErrorVB& e) {
+        MsgBox(e.descripcion + QLatin1Char('\n') + Str(e.numero), vbCritical, QStringLiteral("Error"));
+    }
+    refrescar();
+}
+
 bool frmAnexo477::eventFilter(QObject* objeto, QEvent* evento)
 {
+    // The buttons: the focus on them is the form's too, so that a refresh leaves it there.
+    if ((objeto == CmdGrabar || objeto == cmdCancelar) && evento->type() == QEvent::FocusIn) {
+        m_.foco = objeto == CmdGrabar ? QStringLiteral("CmdGrabar") : QStringLiteral("cmdCancelar");
+        return QDialog::eventFilter(objeto, evento);
+    }
     const int i = objeto == TxtMonto[0] ? 0 : objeto == TxtMonto[1] ? 1 : -1;
     if (i < 0)
         return QDialog::eventFilter(objeto, evento);
@@ -166,7 +196,7 @@ bool frmAnexo477::eventFilter(QObject* objeto, QEvent* evento)
         if (r != Qt::ActiveWindowFocusReason && r != Qt::PopupFocusReason) {
             m_.TxtMonto_LostFocus(i);
             ++refrescando_;
-            TxtMonto[i]->setMaxLength(32767);
+            TxtMonto[i]->setMaxLength(qMax<int>(m_.TxtMonto[i].MaxLength, m_.TxtMonto[i].Text.size()));
             TxtMonto[i]->setText(m_.TxtMonto[i].Text);
             --refrescando_;
         }
@@ -174,18 +204,26 @@ bool frmAnexo477::eventFilter(QObject* objeto, QEvent* evento)
     }
     case QEvent::KeyPress: {
         auto* ke = static_cast<QKeyEvent*>(evento);
-        // Nothing can be pasted: Shift+Insert and the menu key empty the clipboard.
+        // Tab and Shift+Tab move between the boxes as anywhere else.
+        if (ke->key() == Qt::Key_Tab || ke->key() == Qt::Key_Backtab)
+            return false;
+        // Shift+Insert and the menu key empty the clipboard.
         if ((ke->key() == Qt::Key_Insert && (ke->modifiers() & Qt::ShiftModifier)) || ke->key() == Qt::Key_Menu) {
             QGuiApplication::clipboard()->clear();
             return true;
         }
+        if (ke->matches(QKeySequence::Paste)) {
+            pegar(i, QGuiApplication::clipboard()->text());
+            return true;
+        }
+        // Editing keys with Control (select all, copy, cut, undo) are the box's own.
+        if (ke->modifiers() & Qt::ControlModifier)
+            return false;
         int tecla = 0;
         if (ke->key() == Qt::Key_Return || ke->key() == Qt::Key_Enter)
             tecla = 13;
         else if (ke->key() == Qt::Key_Backspace)
             tecla = 8;
-        else if (ke->matches(QKeySequence::Paste))
-            tecla = 22;
         else if (ke->text().size() == 1)
             tecla = ke->text().at(0).unicode();
         if (tecla == 0)
@@ -202,6 +240,23 @@ bool frmAnexo477::eventFilter(QObject* objeto, QEvent* evento)
             return true;
         }
         break;
+    case QEvent::MouseButtonRelease:
+        if (static_cast<QMouseEvent*>(evento)->button() == Qt::MiddleButton) {
+            if (QGuiApplication::clipboard()->supportsSelection())
+                pegar(i, QGuiApplication::clipboard()->text(QClipboard::Selection));
+            return true;
+        }
+        break;
+    case QEvent::Drop: {
+        auto* de = static_cast<QDropEvent*>(evento);
+        if (de->mimeData()->hasText()) {
+            TxtMonto[i]->setCursorPosition(TxtMonto[i]->cursorPositionAt(de->position().toPoint()));
+            pegar(i, de->mimeData()->text());
+        }
+        de->setDropAction(Qt::IgnoreAction);
+        de->accept();
+        return true;
+    }
     default:
         break;
     }

@@ -30,6 +30,7 @@ protected:
 
 private:
     void tras();
+    void pegar(int i, const QString& texto);
     FrmAnexo477 m_;
     QLabel* lblCas_[4];   // 0, 1: casilla numbers; 2, 3: labels 5 and 6
     QLabel* label1_;

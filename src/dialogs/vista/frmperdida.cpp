@@ -10,11 +10,13 @@
 #include <QClipboard>
 #include <QDialogButtonBox>
 #include <QFocusEvent>
+#include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -48,6 +50,11 @@ frmPerdidaEjercAnt::frmPerdidaEjercAnt(QWidget* padre)
     txtImporte = new QLineEdit;
     txtImporte->setObjectName(QStringLiteral("txtImporte"));
     txtImporte->setAlignment(Qt::AlignRight);
+    // Wide enough for the fifteen characters of the amount with its separators.
+    QFont cifras = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    cifras.setPointSizeF(QApplication::font().pointSizeF());
+    txtImporte->setFont(cifras);
+    txtImporte->setFixedWidth(QFontMetrics(cifras).horizontalAdvance(QLatin1Char('0')) * 17 + 12);
     txtImporte->setContextMenuPolicy(Qt::NoContextMenu);
     g->addWidget(new QLabel(QStringLiteral("Año :")), 0, 0);
     g->addWidget(MkeAnho, 0, 1, Qt::AlignLeft);
@@ -60,7 +67,8 @@ frmPerdidaEjercAnt::frmPerdidaEjercAnt(QWidget* padre)
         cmdAccion[i] = botones->addButton(FrmPerdidaEjercAnt::captionAccion(i),
                                           i == 0 ? QDialogButtonBox::AcceptRole : QDialogButtonBox::RejectRole);
         cmdAccion[i]->setObjectName(QStringLiteral("cmdAccion(%1)").arg(i));
-        cmdAccion[i]->setAutoDefault(false);
+        // Enter presses the button that has the focus.
+        cmdAccion[i]->setAutoDefault(true);
         connect(cmdAccion[i], &QPushButton::clicked, this, [this, i] { accion(i); });
     }
     v->addWidget(botones);
@@ -108,6 +116,22 @@ void frmPerdidaEjercAnt::reject()
     accion(1);
 }
 
+// A paste (or a drop) into the amount: taken only when every character is one its keys take
+// and the amount still fits; otherwise refused, the box as it was.
+void frmPerdidaEjercAnt::pegar(const QString& texto)
+{
+    bool cabe = !texto.isEmpty();
+    for (QChar c : texto)
+        cabe = cabe && c.unicode() >= 32 && gobjUtil().TeclaNumero(c.unicode(), false, false, false) != 0;
+    const int largo = txtImporte->text().size() - txtImporte->selectedText().size() + texto.size();
+    if (!cabe || largo > m_.txtImporte.MaxLength) {
+        QApplication::beep();
+        return;
+    }
+    txtImporte->insert(texto);
+    m_.txtImporte.Text = txtImporte->text();
+}
+
 bool frmPerdidaEjercAnt::eventFilter(QObject* objeto, QEvent* evento)
 {
     if (objeto != MkeAnho && objeto != txtImporte)
@@ -151,6 +175,9 @@ bool frmPerdidaEjercAnt::eventFilter(QObject* objeto, QEvent* evento)
             focusNextChild();
             return true;
         }
+        // Tab and Shift+Tab move between the boxes as anywhere else.
+        if (ke->key() == Qt::Key_Tab || ke->key() == Qt::Key_Backtab)
+            return false;
         if (!importe)
             break;
         // Nothing can be pasted into the amount.
@@ -158,8 +185,13 @@ bool frmPerdidaEjercAnt::eventFilter(QObject* objeto, QEvent* evento)
             QGuiApplication::clipboard()->clear();
             return true;
         }
-        if (ke->matches(QKeySequence::Paste))
+        if (ke->matches(QKeySequence::Paste)) {
+            pegar(QGuiApplication::clipboard()->text());
             return true;
+        }
+        // Editing keys with Control (select all, copy, cut, undo) are the box's own.
+        if (ke->modifiers() & Qt::ControlModifier)
+            return false;
         int tecla = 0;
         if (ke->key() == Qt::Key_Backspace)
             tecla = 8;
@@ -172,6 +204,25 @@ bool frmPerdidaEjercAnt::eventFilter(QObject* objeto, QEvent* evento)
     case QEvent::MouseButtonPress:
         if (importe && static_cast<QMouseEvent*>(evento)->button() == Qt::RightButton) {
             QGuiApplication::clipboard()->clear();
+            return true;
+        }
+        break;
+    case QEvent::MouseButtonRelease:
+        if (importe && static_cast<QMouseEvent*>(evento)->button() == Qt::MiddleButton) {
+            if (QGuiApplication::clipboard()->supportsSelection())
+                pegar(QGuiApplication::clipboard()->text(QClipboard::Selection));
+            return true;
+        }
+        break;
+    case QEvent::Drop:
+        if (importe) {
+            auto* de = static_cast<QDropEvent*>(evento);
+            if (de->mimeData()->hasText()) {
+                txtImporte->setCursorPosition(txtImporte->cursorPositionAt(de->position().toPoint()));
+                pegar(de->mimeData()->text());
+            }
+            de->setDropAction(Qt::IgnoreAction);
+            de->accept();
             return true;
         }
         break;

@@ -27,6 +27,7 @@ public slots:
 
 private:
     void accion(int indice);
+    void pegar(const QString& texto);
     void refrescar();                // mirrors the model, focus included
     FrmPerdidaEjercAnt m_;
     int refrescando_ = 0;

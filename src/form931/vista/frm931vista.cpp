@@ -22,14 +22,17 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QHash>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QStackedWidget>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTimer>
@@ -82,6 +85,7 @@ int codigoCaracter(const QKeyEvent* e)
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
     case Qt::Key_Escape:
+    case Qt::Key_Delete:
         return 0;
     default:
         break;
@@ -148,6 +152,35 @@ QFont fuenteImportes()
     return f;
 }
 
+// The keyboard letters of the pages and buttons. Every page has a letter of its own among the
+// controls shown with it; the captions read as they are, only the underlined letter differs
+// where a page had none or would share its letter with another control in view.
+QString conAtajo(const QString& caption)
+{
+    static const QHash<QString, QString> atajos{
+        {QStringLiteral("Determinación del nuevo coeficiente o porcentaje"),
+         QStringLiteral("Determinación del nuevo &coeficiente o porcentaje")},
+        {QStringLiteral("Datos complementarios del régimen"), QStringLiteral("Datos c&omplementarios del régimen")},
+        {QStringLiteral("Sistema de pago"), QStringLiteral("Siste&ma de pago")},
+        {QStringLiteral(" Modalidad de pago a cuenta"), QStringLiteral(" &Modalidad de pago a cuenta")},
+        {QStringLiteral("Activo"), QStringLiteral("&Activo")},
+        {QStringLiteral("&Pasivo y Patrimonio"), QStringLiteral("Pasivo y Pa&trimonio")},
+        {QStringLiteral("Estado de ganancias y pérdidas"), QStringLiteral("&Estado de ganancias y pérdidas")},
+        {QStringLiteral("I&nformación general"), QStringLiteral("Información genera&l")},
+        {QStringLiteral("Pérdida tributaria compensable de ejercicios anteriores"),
+         QStringLiteral("Pérdida &tributaria compensable de ejercicios anteriores")},
+    };
+    return atajos.value(caption, caption);
+}
+
+// A shut box or list keeps its text legible: the normal text colour on the window's background,
+// not the faint text of a disabled control on its grey.
+void textoLegibleSiCerrado(QPalette& p, QPalette::ColorRole fondo, QPalette::ColorRole texto)
+{
+    p.setColor(QPalette::Disabled, fondo, p.color(QPalette::Active, QPalette::Window));
+    p.setColor(QPalette::Disabled, texto, p.color(QPalette::Active, QPalette::WindowText));
+}
+
 // A page of a tab control holds its frame: the frame's own visibility is the model's, the
 // page's is the tab control's.
 QWidget* pagina(QWidget* marco)
@@ -166,8 +199,12 @@ QWidget* pagina(QWidget* marco)
 void EntornoQt::abrirAnexo477(Frm931& frm, int nCasilla)
 {
     frmAnexo477 dlg(frm, nCasilla, vista);
-    dlg.exec();
+    const bool aceptado = dlg.exec() == QDialog::Accepted;
     volverALaVentana(vista);
+    // The figure is made: the focus leaves the assistant box (for the box after it), so that
+    // the next Enter goes on typing instead of opening the annex again.
+    if (aceptado && frm.foco == Frm931::nombreCasilla(nCasilla))
+        frm.pTecla(QStringLiteral("TAB"));
 }
 
 void EntornoQt::abrirUbigeo(const QString& caption)
@@ -273,10 +310,12 @@ void Frm931Vista::filaCasilla(QGridLayout* rejilla, int fila, int n, int columna
     const DefCasilla* d = defCasilla(n);
     auto* numero = new QLabel(QString::number(n));
     numero->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    numero->setStyleSheet(QStringLiteral("color: #555;"));
+    numero->setStyleSheet(QStringLiteral("QLabel:enabled { color: #555; }"));
     auto* etiqueta = new QLabel(d ? QString::fromUtf8(d->etiqueta) : QString());
     QLineEdit* caja = nuevaCasilla(n);
     etiqueta->setBuddy(caja);
+    acompanar(numero, {caja});
+    acompanar(etiqueta, {caja});
     rejilla->addWidget(numero, fila, columna);
     rejilla->addWidget(etiqueta, fila, columna + 1);
     rejilla->addWidget(caja, fila, columna + 2);
@@ -348,6 +387,11 @@ QLabel* Frm931Vista::nuevaEtiqueta(const QString& nombre, Etiqueta& e, const QSt
     return w;
 }
 
+void Frm931Vista::acompanar(QLabel* etiqueta, const QVector<QWidget*>& controles)
+{
+    acompanadas_.append({etiqueta, controles});
+}
+
 QPushButton* Frm931Vista::nuevoBoton(const QString& nombre, Boton& b, const QString& porDefecto)
 {
     auto* w = new QPushButton(porDefecto);
@@ -395,7 +439,7 @@ void Frm931Vista::construir()
     QTabWidget* tab1 = nuevasPestanas(QStringLiteral("SSTab1"), m_.SSTab1, {});
     tab1->addTab(paginaIdentificacion(), QStringLiteral("&Identificación"));
     tab1->addTab(paginaEstados(), QStringLiteral("  Estados  &financieros"));
-    tab1->addTab(pagina(paginaDeterminacion()), QStringLiteral("Determinación del nuevo coeficiente o porcentaje"));
+    tab1->addTab(pagina(paginaDeterminacion()), conAtajo(QStringLiteral("Determinación del nuevo coeficiente o porcentaje")));
     tab1->addTab(pagina(paginaInformacion()), QStringLiteral("Información com&plementaria"));
     raiz->addWidget(tab1, 1);
     raiz->addWidget(pieDeVentana());
@@ -407,8 +451,8 @@ QWidget* Frm931Vista::paginaIdentificacion()
 {
     QTabWidget* tab2 = nuevasPestanas(QStringLiteral("SSTab2"), m_.SSTab2, {});
     tab2->addTab(paginaDatosGenerales(), QStringLiteral("&Datos Generales"));
-    tab2->addTab(paginaComplementarios(), QStringLiteral("Datos complementarios del régimen"));
-    tab2->addTab(paginaSistemaPago(), QStringLiteral("Sistema de pago"));
+    tab2->addTab(paginaComplementarios(), conAtajo(QStringLiteral("Datos complementarios del régimen")));
+    tab2->addTab(paginaSistemaPago(), conAtajo(QStringLiteral("Sistema de pago")));
     return tab2;
 }
 
@@ -419,7 +463,8 @@ QWidget* Frm931Vista::paginaDatosGenerales()
 
     QGroupBox* f11 = nuevoMarco(QStringLiteral("Frame11"), QStringLiteral("Contribuyente"));
     auto* g11 = new QGridLayout(f11);
-    auto* lRuc = new QLabel(QStringLiteral("&RUC"));
+    // U: the R is the order-number button's, which shares the page in a sent declaration.
+    auto* lRuc = new QLabel(QStringLiteral("R&UC"));
     QComboBox* cmbRuc = nuevaLista(QStringLiteral("CmbRuc"), m_.CmbRuc);
     cmbRuc->setMinimumWidth(420);
     QLineEdit* numRuc = nuevaCaja(QStringLiteral("TxtNumRuc"), &m_.TxtNumRuc);
@@ -432,17 +477,21 @@ QWidget* Frm931Vista::paginaDatosGenerales()
     hRuc->addWidget(cmbRuc);
     hRuc->addWidget(numRuc);
     hRuc->addStretch(1);
+    acompanar(lRuc, {cmbRuc, numRuc});
     g11->addWidget(lRuc, 0, 0);
     g11->addWidget(celdaRuc, 0, 1);
     auto* lRazon = new QLabel(QStringLiteral("Razón social"));
     QLineEdit* razon = nuevaCaja(QStringLiteral("TxtRazon"), &m_.TxtRazon);
     razon->setReadOnly(true);
+    lRazon->setBuddy(razon);
+    acompanar(lRazon, {razon});
     g11->addWidget(lRazon, 1, 0);
     g11->addWidget(razon, 1, 1);
     auto* lTel = new QLabel(QStringLiteral("&Teléfono"));
     QLineEdit* tel = nuevaCaja(QStringLiteral("TxtTelefono"), &m_.TxtTelefono);
     tel->setMaximumWidth(200);
     lTel->setBuddy(tel);
+    acompanar(lTel, {tel});
     g11->addWidget(lTel, 2, 0);
     g11->addWidget(tel, 2, 1, Qt::AlignLeft);
     auto* lEj = new QLabel(QStringLiteral("Periodo"));
@@ -450,6 +499,7 @@ QWidget* Frm931Vista::paginaDatosGenerales()
     ej->setReadOnly(true);
     ej->setFocusPolicy(Qt::NoFocus);
     ej->setMaximumWidth(120);
+    acompanar(lEj, {ej});
     g11->addWidget(lEj, 3, 0);
     g11->addWidget(ej, 3, 1, Qt::AlignLeft);
     g11->setColumnStretch(1, 1);
@@ -477,8 +527,10 @@ QWidget* Frm931Vista::paginaDatosGenerales()
     auto* h9 = new QHBoxLayout(f9);
     h9->addWidget(nuevoGrupo(QStringLiteral("OptRectifica"), m_.OptRectifica,
                              {QStringLiteral("No"), QStringLiteral("Si")}, {1, 0}));
-    h9->addWidget(new QLabel(QStringLiteral("Número de orden")));
+    auto* lOrden = new QLabel(QStringLiteral("Número de orden"));
+    h9->addWidget(lOrden);
     QLineEdit* orden = nuevaCaja(QStringLiteral("TxtNumOrden"), &m_.TxtNumOrden);
+    acompanar(lOrden, {orden});
     orden->setReadOnly(true);
     orden->setMaximumWidth(160);
     h9->addWidget(orden);
@@ -546,12 +598,16 @@ QWidget* Frm931Vista::paginaComplementarios()
                               {QStringLiteral("Zona 1"), QStringLiteral("Zona 2")}, {0, 1}));
     g20->addWidget(f29, 1, 0, 1, 2);
     auto* ubi = new QHBoxLayout;
-    ubi->addWidget(new QLabel(QStringLiteral("Ubicación Geográfica de su Domicilio Fiscal")));
+    auto* lUbi = new QLabel(QStringLiteral("Ubicación Geográfica de su Domicilio Fiscal"));
+    ubi->addWidget(lUbi);
     QLineEdit* tu = nuevaCaja(QStringLiteral("TxtUbigeo"), &m_.TxtUbigeo);
     tu->setReadOnly(true);
     tu->setMaximumWidth(120);
     ubi->addWidget(tu);
-    ubi->addWidget(nuevoBoton(QStringLiteral("CmdZona1"), m_.CmdZona1, QStringLiteral("Ubigeo")));
+    QPushButton* zona1 = nuevoBoton(QStringLiteral("CmdZona1"), m_.CmdZona1, QStringLiteral("Ubigeo"));
+    connect(zona1, &QPushButton::clicked, this, [this] { ejecutar([this] { m_.CmdZona1_Click(); }); });
+    ubi->addWidget(zona1);
+    acompanar(lUbi, {zona1});
     ubi->addStretch(1);
     g20->addLayout(ubi, 2, 0, 1, 2);
     v->addWidget(f20);
@@ -574,7 +630,9 @@ QWidget* Frm931Vista::paginaComplementarios()
     tu2->setReadOnly(true);
     tu2->setMaximumWidth(120);
     ubi2->addWidget(tu2);
-    ubi2->addWidget(nuevoBoton(QStringLiteral("CmdZona2"), m_.CmdZona2, QStringLiteral("Ubigeo")));
+    QPushButton* zona2 = nuevoBoton(QStringLiteral("CmdZona2"), m_.CmdZona2, QStringLiteral("Ubigeo"));
+    connect(zona2, &QPushButton::clicked, this, [this] { ejecutar([this] { m_.CmdZona2_Click(); }); });
+    ubi2->addWidget(zona2);
     ubi2->addStretch(1);
     g16->addLayout(ubi2, 1, 1);
     g16->setColumnStretch(0, 1);
@@ -653,13 +711,20 @@ QWidget* Frm931Vista::paginaSistemaPago()
     QGroupBox* sus = nuevoMarco(QStringLiteral("FrameSusPC"), QStringLiteral("Suspensión de los pagos a cuenta"));
     auto* gs = new QGridLayout(sus);
     gs->addWidget(nuevoGrupo(QStringLiteral("OptSuspPC"), m_.OptSuspPC, noSi, {1, 0}), 0, 0, 1, 2);
-    gs->addWidget(new QLabel(QStringLiteral("Número de resolución")), 1, 0);
+    auto* lRes = new QLabel(QStringLiteral("Número de resolución"));
+    gs->addWidget(lRes, 1, 0);
     QLineEdit* res = nuevaCaja(QStringLiteral("txtNumRes"), &m_.txtNumRes);
+    lRes->setBuddy(res);
+    acompanar(lRes, {res});
     res->setFont(fuenteImportes());
     res->setMaximumWidth(QFontMetrics(fuenteImportes()).horizontalAdvance(QLatin1Char('0')) * 15 + 12);
     gs->addWidget(res, 1, 1, Qt::AlignLeft);
-    gs->addWidget(new QLabel(QStringLiteral("Fecha de notificación")), 2, 0);
-    gs->addWidget(nuevaCaja(QStringLiteral("mkefecnot"), &m_.mkefecnot, true), 2, 1, Qt::AlignLeft);
+    auto* lNot = new QLabel(QStringLiteral("Fecha de notificación"));
+    gs->addWidget(lNot, 2, 0);
+    QLineEdit* notificacion = nuevaCaja(QStringLiteral("mkefecnot"), &m_.mkefecnot, true);
+    lNot->setBuddy(notificacion);
+    acompanar(lNot, {notificacion});
+    gs->addWidget(notificacion, 2, 1, Qt::AlignLeft);
     gs->setColumnStretch(2, 1);
     v->addWidget(sus);
     v->addStretch(1);
@@ -669,9 +734,9 @@ QWidget* Frm931Vista::paginaSistemaPago()
 QWidget* Frm931Vista::paginaEstados()
 {
     QTabWidget* tab3 = nuevasPestanas(QStringLiteral("SSTab3"), m_.SSTab3, {});
-    tab3->addTab(pagina(paginaActivo()), QStringLiteral("Activo"));
-    tab3->addTab(pagina(paginaPasivo()), QStringLiteral("&Pasivo y Patrimonio"));
-    tab3->addTab(pagina(paginaGanancias()), QStringLiteral("Estado de ganancias y pérdidas"));
+    tab3->addTab(pagina(paginaActivo()), conAtajo(QStringLiteral("Activo")));
+    tab3->addTab(pagina(paginaPasivo()), conAtajo(QStringLiteral("&Pasivo y Patrimonio")));
+    tab3->addTab(pagina(paginaGanancias()), conAtajo(QStringLiteral("Estado de ganancias y pérdidas")));
     return tab3;
 }
 
@@ -867,6 +932,7 @@ QWidget* Frm931Vista::paginaInformacion()
     auto nombreFila = [&](QGridLayout* g, const QString& etiqueta, QWidget* w) {
         auto* l = new QLabel(etiqueta);
         l->setBuddy(w);
+        acompanar(l, {w});
         g->addWidget(l, fila, 0, 1, 2);
         g->addWidget(w, fila, 2);
         ++fila;
@@ -893,7 +959,7 @@ QWidget* Frm931Vista::paginaInformacion()
     g7->setColumnStretch(1, 1);
     g7->setRowStretch(fila, 1);
     v5->addWidget(f7, 1);
-    tab4->addTab(pagina(f5), QStringLiteral("I&nformación general"));
+    tab4->addTab(pagina(f5), conAtajo(QStringLiteral("I&nformación general")));
 
     QGroupBox* f2 = nuevoMarco(QStringLiteral("Frame2"), QString());
     auto* h2 = new QHBoxLayout(f2);
@@ -916,7 +982,7 @@ QWidget* Frm931Vista::paginaInformacion()
     }
     vb->addStretch(1);
     h2->addLayout(vb);
-    tab4->addTab(pagina(f2), QStringLiteral("Pérdida tributaria compensable de ejercicios anteriores"));
+    tab4->addTab(pagina(f2), conAtajo(QStringLiteral("Pérdida tributaria compensable de ejercicios anteriores")));
     return f3;
 }
 
@@ -991,7 +1057,9 @@ void Frm931Vista::refrescarCaja(VCaja& v)
     }
     if (v.inicial || c.BackColor != v.color) {
         QPalette p = w->palette();
-        p.setColor(QPalette::Base, colorDe(c.BackColor));
+        p.setColor(QPalette::Active, QPalette::Base, colorDe(c.BackColor));
+        p.setColor(QPalette::Inactive, QPalette::Base, colorDe(c.BackColor));
+        textoLegibleSiCerrado(p, QPalette::Base, QPalette::Text);
         w->setPalette(p);
         v.color = c.BackColor;
     }
@@ -1079,9 +1147,13 @@ void Frm931Vista::refrescar()
         if (vl.w->isVisibleTo(vl.w->parentWidget()) != l.Visible)
             vl.w->setVisible(l.Visible);
         QPalette p = vl.w->palette();
-        if (p.color(QPalette::Base) != colorDe(l.BackColor)) {
-            p.setColor(QPalette::Base, colorDe(l.BackColor));
-            p.setColor(QPalette::Button, colorDe(l.BackColor));
+        if (p.color(QPalette::Active, QPalette::Base) != colorDe(l.BackColor)) {
+            for (auto grupo : {QPalette::Active, QPalette::Inactive}) {
+                p.setColor(grupo, QPalette::Base, colorDe(l.BackColor));
+                p.setColor(grupo, QPalette::Button, colorDe(l.BackColor));
+            }
+            textoLegibleSiCerrado(p, QPalette::Base, QPalette::Text);
+            textoLegibleSiCerrado(p, QPalette::Button, QPalette::ButtonText);
             vl.w->setPalette(p);
         }
     }
@@ -1111,8 +1183,8 @@ void Frm931Vista::refrescar()
 
     for (VBoton& vb : botones_) {
         const Boton& b = *vb.b;
-        if (!b.Caption.isEmpty() && vb.w->text() != b.Caption)
-            vb.w->setText(b.Caption);
+        if (!b.Caption.isEmpty() && vb.w->text() != conAtajo(b.Caption))
+            vb.w->setText(conAtajo(b.Caption));
         if (vb.w->isEnabled() != b.Enabled)
             vb.w->setEnabled(b.Enabled);
         if (vb.w->isVisibleTo(vb.w->parentWidget()) != b.Visible)
@@ -1149,8 +1221,8 @@ void Frm931Vista::refrescar()
 
     for (auto& [w, p] : pestanas_) {
         for (int i = 0; i < w->count(); ++i) {
-            if (i < p->captions.size() && !p->captions[i].isEmpty() && w->tabText(i) != p->captions[i])
-                w->setTabText(i, p->captions[i]);
+            if (i < p->captions.size() && !p->captions[i].isEmpty() && w->tabText(i) != conAtajo(p->captions[i]))
+                w->setTabText(i, conAtajo(p->captions[i]));
             const bool en = i < p->TabEnabled.size() ? p->TabEnabled[i] : true;
             const bool vis = i < p->TabVisible.size() ? p->TabVisible[i] : true;
             if (w->isTabEnabled(i) != en)
@@ -1160,6 +1232,15 @@ void Frm931Vista::refrescar()
         }
         if (p->Tab >= 0 && p->Tab < w->count() && w->currentIndex() != p->Tab)
             w->setCurrentIndex(p->Tab);
+        // Header and body always show the same page, also when the page is set back while the
+        // tab control is still changing it.
+        if (auto* cuerpo = w->findChild<QStackedWidget*>(QString(), Qt::FindDirectChildrenOnly);
+            cuerpo && cuerpo->currentIndex() != w->currentIndex()) {
+            cuerpo->setCurrentIndex(w->currentIndex());
+        }
+        for (int i = 0; i < w->count(); ++i)
+            if (QWidget* pg = w->widget(i); pg && pg->isVisibleTo(w) != (i == w->currentIndex()))
+                pg->setVisible(i == w->currentIndex());
     }
 
     const BarraDesplazamiento& vs = m_.VScroll1;
@@ -1181,6 +1262,14 @@ void Frm931Vista::refrescar()
             grilla_->setItem(i, 1, importe);
         }
         grillaMostrada_ = m_.grdPerdidaTributaria;
+    }
+
+    for (auto& [etiqueta, controles] : acompanadas_) {
+        bool abierta = false;
+        for (QWidget* c : controles)
+            abierta = abierta || (!c->isHidden() && c->isEnabled());
+        if (etiqueta->testAttribute(Qt::WA_ForceDisabled) == abierta)
+            etiqueta->setEnabled(abierta);
     }
 
     seguirFoco();
@@ -1264,7 +1353,116 @@ void Frm931Vista::textoEditado(VCaja& v)
 
 void Frm931Vista::enterComoTab()
 {
-    ejecutar([this] { m_.pTecla(kTab); });
+    tabular(true);
+}
+
+void Frm931Vista::tabular(bool adelante)
+{
+    const QString desde = m_.foco;
+    ejecutar([this, adelante] { m_.pTecla(adelante ? kTab : QStringLiteral("+TAB")); });
+    seguirEnPaginas(desde, adelante);
+}
+
+bool Frm931Vista::enPaginaMostrada(const QString& control) const
+{
+    const Frm931::UbicacionControl u = Frm931::ubicacion(control);
+    if (u.paginaSSTab1 < 0 || u.paginaSSTab1 != m_.SSTab1.Tab)
+        return false;
+    if (u.subTab == QLatin1String("SSTab2"))
+        return m_.SSTab2.Tab == u.paginaSub;
+    if (u.subTab == QLatin1String("SSTab3"))
+        return m_.SSTab3.Tab == u.paginaSub;
+    if (u.subTab == QLatin1String("SSTab4"))
+        return m_.SSTab4.Tab == u.paginaSub;
+    return true;
+}
+
+QString Frm931Vista::paradaDePagina(bool primera) const
+{
+    const QStringList& orden = Frm931::ordenTabulacion();
+    for (int k = 0; k < orden.size(); ++k) {
+        const QString& c = orden.at(primera ? k : orden.size() - 1 - k);
+        if (!enPaginaMostrada(c) || !m_.puedeRecibirFoco(c))
+            continue;
+        if (const int n = Frm931::casillaDeNombre(c); n && m_.caja(n).Locked)
+            continue;
+        return c;
+    }
+    return QString();
+}
+
+void Frm931Vista::seguirEnPaginas(const QString& desde, bool adelante)
+{
+    const Frm931::UbicacionControl u = Frm931::ubicacion(desde);
+    if (u.subTab.isEmpty() || u.paginaSSTab1 != m_.SSTab1.Tab || Frm931::ubicacion(m_.foco).paginaSSTab1 >= 0)
+        return;
+    Pestanas& sub = u.subTab == QLatin1String("SSTab2")   ? m_.SSTab2
+                    : u.subTab == QLatin1String("SSTab3") ? m_.SSTab3
+                                                          : m_.SSTab4;
+    if (sub.Tab != u.paginaSub)
+        return;
+    for (int pagina = sub.Tab + (adelante ? 1 : -1); pagina >= 0 && pagina < sub.captions.size();
+         pagina += adelante ? 1 : -1) {
+        if (!sub.TabEnabled.value(pagina, true) || !sub.TabVisible.value(pagina, true))
+            continue;
+        ejecutar([this, &sub, pagina, adelante] {
+            m_.elegirPestana(sub, pagina);
+            if (sub.Tab != pagina)
+                return;   // refused: its message has put the focus where it is due
+            const QString destino = paradaDePagina(adelante);
+            if (!destino.isEmpty())
+                m_.darFoco(destino);
+        });
+        return;
+    }
+}
+
+void Frm931Vista::enfocarPagina()
+{
+    if (enPaginaMostrada(m_.foco) && m_.puedeRecibirFoco(m_.foco))
+        return;
+    const QString destino = paradaDePagina(true);
+    if (!destino.isEmpty())
+        ejecutar([this, destino] { m_.darFoco(destino); });
+}
+
+void Frm931Vista::pegar(VCaja& v, const QString& texto)
+{
+    QLineEdit* w = v.w;
+    if (w->isReadOnly() || !w->isEnabled() || texto.isEmpty())
+        return;
+    // The assistant boxes take no key at all: their figure is made in the annex.
+    bool cabe = v.casilla != 473 && v.casilla != 477;
+    QString tecleado;
+    for (int i = 0; cabe && i < texto.size(); ++i) {
+        const int tecla = texto.at(i).unicode();
+        if (tecla < 32 || tecla > 255) {
+            cabe = false;
+        } else if (v.mascara) {
+            cabe = texto.at(i).isDigit() || texto.at(i) == QLatin1Char('/');
+            tecleado += texto.at(i);
+        } else {
+            int resultado = 0;
+            try {
+                resultado = v.casilla ? m_.TxtValor_KeyPress(v.casilla, tecla) : m_.teclaControl(v.nombre, tecla);
+            } catch (const ErrorVB&) {
+                resultado = 0;
+            }
+            cabe = resultado != 0 && resultado != 13;
+            tecleado += QChar(resultado);
+        }
+    }
+    const int maximo = cajaModelo(v).MaxLength;
+    const int largo = w->text().size() - w->selectedText().size() + tecleado.size();
+    if (cabe && !v.mascara && maximo > 0 && largo > maximo)
+        cabe = false;
+    if (!cabe) {
+        QApplication::beep();
+        refrescar();
+        return;
+    }
+    w->insert(tecleado);
+    textoEditado(v);
 }
 
 // A key in a box: the model's key-press rule first; a refused key is dropped, a converted key
@@ -1275,17 +1473,30 @@ bool Frm931Vista::teclaEnCaja(VCaja& v, QKeyEvent* e)
         return false;
     const int abajo = codigoTeclaAbajo(e);
     const int shift = mayusculas(e);
-    const bool pegar = (abajo == 45 && (shift & 1)) || abajo == 93;
+    const bool vaciar = (abajo == 45 && (shift & 1)) || abajo == 93;
     if (v.casilla && abajo) {
         int queda = abajo;
         ejecutar([this, &v, abajo, shift, &queda] { queda = m_.TxtValor_KeyDownTecla(v.casilla, abajo, shift); });
-        if (pegar)
+        if (vaciar)
             vaciarPortapapeles();
-        if (queda == 0 || pegar)
+        if (queda == 0 || vaciar)
             return true;
-    } else if (pegar) {
+    } else if (vaciar) {
         vaciarPortapapeles();
         return true;
+    }
+    if (e->matches(QKeySequence::Paste)) {
+        if (const QClipboard* c = QGuiApplication::clipboard())
+            pegar(v, c->text());
+        return true;
+    }
+    // Editing keys with Control (select all, copy, cut, undo, word moves) are the box's own;
+    // the assistant boxes only let their figure be selected and copied.
+    if (e->modifiers() & Qt::ControlModifier) {
+        if ((v.casilla == 473 || v.casilla == 477) && !e->matches(QKeySequence::SelectAll)
+            && !e->matches(QKeySequence::Copy))
+            return true;
+        return false;
     }
     const int tecla = codigoCaracter(e);
     if (tecla == 0)
@@ -1314,6 +1525,7 @@ void Frm931Vista::pestanaElegida(QTabWidget* w, Pestanas& p, int pagina)
     if (refrescando_ || pagina == p.Tab)
         return;
     ejecutar([this, &p, pagina] { m_.elegirPestana(p, pagina); });
+    enfocarPagina();
     Q_UNUSED(w);
 }
 
@@ -1330,6 +1542,10 @@ bool Frm931Vista::eventFilter(QObject* objeto, QEvent* evento)
         const QString nombre = nombres_.value(w);
         if (nombre.isEmpty() || nombre == m_.foco || nombre.startsWith(m_.foco + QLatin1Char('(')))
             break;
+        // A page on its way in hands the focus to one of its controls before the tab control
+        // tells the page changed: the form hears of the page first, then of the focus.
+        if (Frm931::ubicacion(nombre).paginaSSTab1 >= 0 && !enPaginaMostrada(nombre))
+            break;
         ejecutar([this, nombre] { m_.darFoco(nombre); });
         if (auto* le = qobject_cast<QLineEdit*>(w); le && le->hasFocus() && fe->reason() != Qt::MouseFocusReason)
             QTimer::singleShot(0, le, [le] { le->selectAll(); });
@@ -1337,21 +1553,54 @@ bool Frm931Vista::eventFilter(QObject* objeto, QEvent* evento)
     }
     case QEvent::KeyPress: {
         auto* ke = static_cast<QKeyEvent*>(evento);
-        // Tab follows the form's own order of stops.
-        if (ke->key() == Qt::Key_Tab && !(ke->modifiers() & (Qt::ControlModifier | Qt::AltModifier))
-            && nombres_.contains(w)) {
-            enterComoTab();
+        // Tab and Shift+Tab follow the form's own order of stops.
+        const bool tab = ke->key() == Qt::Key_Tab || ke->key() == Qt::Key_Backtab;
+        if (tab && !(ke->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) && nombres_.contains(w)) {
+            tabular(ke->key() == Qt::Key_Tab && !(ke->modifiers() & Qt::ShiftModifier));
             return true;
         }
-        if (indiceCaja_.contains(objeto))
-            return teclaEnCaja(vcajas_[indiceCaja_.value(objeto)], ke);
+        const QString desde = m_.foco;
         const bool enter = ke->key() == Qt::Key_Return || ke->key() == Qt::Key_Enter;
+        if (indiceCaja_.contains(objeto)) {
+            const bool r = teclaEnCaja(vcajas_[indiceCaja_.value(objeto)], ke);
+            if (enter)
+                seguirEnPaginas(desde, true);
+            return r;
+        }
         if (enter && w && (qobject_cast<QComboBox*>(w) || qobject_cast<QRadioButton*>(w))) {
             const QString nombre = nombres_.value(w);
             ejecutar([this, nombre] { m_.teclaControl(nombre, 13); });
+            // Every question moves on with Enter, so that none is passed over.
+            if (m_.foco == desde)
+                ejecutar([this] { m_.pTecla(kTab); });
+            seguirEnPaginas(desde, true);
             return true;
         }
         break;
+    }
+    case QEvent::Drop: {
+        if (!indiceCaja_.contains(objeto))
+            break;
+        auto* de = static_cast<QDropEvent*>(evento);
+        if (de->mimeData()->hasText()) {
+            VCaja& v = vcajas_[indiceCaja_.value(objeto)];
+            v.w->setFocus(Qt::MouseFocusReason);
+            v.w->setCursorPosition(v.w->cursorPositionAt(de->position().toPoint()));
+            pegar(v, de->mimeData()->text());
+        }
+        de->setDropAction(Qt::IgnoreAction);
+        de->accept();
+        return true;
+    }
+    case QEvent::MouseButtonRelease: {
+        // The middle button pastes the selection where the desktop has one: the same rule.
+        auto* me = static_cast<QMouseEvent*>(evento);
+        if (!indiceCaja_.contains(objeto) || me->button() != Qt::MiddleButton)
+            break;
+        const QClipboard* c = QGuiApplication::clipboard();
+        if (c && c->supportsSelection())
+            pegar(vcajas_[indiceCaja_.value(objeto)], c->text(QClipboard::Selection));
+        return true;
     }
     case QEvent::MouseButtonDblClick: {
         if (!indiceCaja_.contains(objeto))

@@ -142,6 +142,22 @@ private:
     void textoEditado(VCaja& v);
     void pestanaElegida(QTabWidget* w, Pestanas& p, int pagina);
     void enterComoTab();
+    // Tab (adelante) or Shift+Tab: the form's order of stops, which then goes on to the next
+    // (previous) page of the inner tab control instead of leaving it for the buttons.
+    void tabular(bool adelante);
+    // After a move of the focus that started at `desde`: a move out of an inner page to the
+    // buttons goes to the next (previous) page of that tab control instead, when it has one.
+    void seguirEnPaginas(const QString& desde, bool adelante);
+    // The first (last) stop of the pages shown, "" when none can take the focus.
+    QString paradaDePagina(bool primera) const;
+    // Whether the control stands on the pages shown (controls outside the tabs do not).
+    bool enPaginaMostrada(const QString& control) const;
+    // After a page change: the focus goes to the first stop of the page shown, unless the
+    // rules put it on that page.
+    void enfocarPagina();
+    // A text pasted or dropped into a box: taken only when every character is one the box
+    // takes from the keyboard and the result fits; otherwise refused, the box unchanged.
+    void pegar(VCaja& v, const QString& texto);
 
     Frm931& m_;
     QMap<QString, QWidget*> controles_;
@@ -157,6 +173,9 @@ private:
     QMap<QString, QString> captionMarco_;
     QVector<QPair<QTabWidget*, Pestanas*>> pestanas_;
     QVector<VEncabezado> encabezados_;
+    // Captions that go grey with the controls they name (any of them open keeps them black).
+    QVector<QPair<QLabel*, QVector<QWidget*>>> acompanadas_;
+    void acompanar(QLabel* etiqueta, const QVector<QWidget*>& controles);
     QScrollBar* vscroll_ = nullptr;
     QLabel* ayuda_ = nullptr;
     QLabel* ayuda1_ = nullptr;
