@@ -172,7 +172,7 @@ void prepararEntorno(const OpcionesCli& o)
             throw BaseNoDisponible(unaLinea(e.descripcion));
         throw;
     }
-    if (Trim(g.gsUsuario).isEmpty())
+    if (!o.sinUsuario && Trim(g.gsUsuario).isEmpty())
         throw ErrorEntrada(QStringLiteral("no hay usuario: use --usuario o configure SysUser en %1").arg(archivoIni()));
     // Only beside a database that opened.
     if (!o.base.isEmpty()) {

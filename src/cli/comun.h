@@ -33,6 +33,7 @@ struct OpcionesCli {
     QString base;              // absolute path; empty: the settings file's
     QString usuario;           // empty: the settings file's
     QDate hoy;                 // invalid: F931_HOY or the clock
+    bool sinUsuario = false;   // a command on the whole database (verificar, respaldar) needs none
 };
 
 // The command line of one command, read with QCommandLineParser. Every command has -h/--help;

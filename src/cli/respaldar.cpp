@@ -17,13 +17,18 @@
 
 namespace {
 
-const QString kUso = QStringLiteral("uso: f931 respaldar DESTINO [--base ARCHIVO.db]");
-
 int comandoRespaldar(const QStringList& argumentos)
 {
     return ejecutarComando([&] {
-        const OpcionesCli o = leerOpciones(argumentos, 1, kUso);
-        const QString destino = QFileInfo(o.posicionales.first()).absoluteFilePath();
+        LineaComando linea(QStringLiteral("respaldar"), QStringLiteral("DESTINO"), 1, 1,
+                           QStringLiteral("Escribe en el archivo nuevo DESTINO una copia consistente de la base de datos,\n"
+                                          "aunque otros programas la estén usando. No sobrescribe un archivo existente."),
+                           true);
+        if (!linea.leer(argumentos))
+            return 0;
+        OpcionesCli o = linea.comunes();
+        o.sinUsuario = true;
+        const QString destino = QFileInfo(linea.posicionales().first()).absoluteFilePath();
         const QString nombre = QDir::toNativeSeparators(destino);
         // Refused before the database is even opened.
         if (QFileInfo(destino).exists() || QFileInfo(destino).isSymLink())
@@ -48,6 +53,6 @@ int comandoRespaldar(const QStringList& argumentos)
     });
 }
 
-RegistroComando registro("respaldar", &comandoRespaldar);
+RegistroComando registro("respaldar", &comandoRespaldar, "escribe una copia consistente de la base de datos");
 
 }  // namespace

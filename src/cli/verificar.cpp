@@ -18,12 +18,18 @@
 
 namespace {
 
-const QString kUso = QStringLiteral("uso: f931 verificar [--base ARCHIVO.db]");
-
 int comandoVerificar(const QStringList& argumentos)
 {
     return ejecutarComando([&] {
-        prepararEntorno(leerOpciones(argumentos, 0, kUso));
+        LineaComando linea(QStringLiteral("verificar"), QString(), 0, 0,
+                           QStringLiteral("Recalcula el código de control de cada fila guardada e imprime las que no\n"
+                                          "coinciden. Sale con 0 si todas coinciden, con 1 si alguna difiere."),
+                           true);
+        if (!linea.leer(argumentos))
+            return 0;
+        OpcionesCli o = linea.comunes();
+        o.sinUsuario = true;
+        prepararEntorno(o);
         const Verificacion v = verificarCodigos();
         cerrarBase();
 
@@ -43,6 +49,6 @@ int comandoVerificar(const QStringList& argumentos)
     });
 }
 
-RegistroComando registro("verificar", &comandoVerificar);
+RegistroComando registro("verificar", &comandoVerificar, "comprueba el código de control de cada fila guardada");
 
 }  // namespace
