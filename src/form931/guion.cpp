@@ -13,6 +13,8 @@
 #include <QJsonParseError>
 #include <QSet>
 
+#include <cmath>
+
 namespace {
 
 // Items of the declaration that have no box, as the input may carry them.
@@ -392,6 +394,8 @@ EntradaDeclaracion leerEntrada(const QByteArray& json)
             texto = it.value().toString();
         } else if (it.value().isDouble()) {
             const double d = it.value().toDouble();
+            if (!(std::fabs(d) < 9.2233720368547758e18))   // beyond a 64-bit integer, NaN too
+                throw ErrorEntrada(QStringLiteral("la casilla %1 lleva un número fuera de rango: %2").arg(codigo).arg(d));
             if (d != static_cast<double>(static_cast<qint64>(d)))
                 throw ErrorEntrada(QStringLiteral("la casilla %1 lleva decimales: %2").arg(codigo).arg(d));
             texto = QString::number(static_cast<qint64>(d));

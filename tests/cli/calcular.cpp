@@ -157,7 +157,9 @@ INSTANTIATE_TEST_SUITE_P(
                         "casilla 463 está bloqueada"),
         std::make_tuple("AsistenteSinPartes", R"({"ruc": "20100001234", "casillas": {"056": "4", "477": "5"}})",
                         "477"),
-        std::make_tuple("RegimenDesconocido", R"({"ruc": "20100001234", "casillas": {"056": "7"}})", "056")),
+        std::make_tuple("RegimenDesconocido", R"({"ruc": "20100001234", "casillas": {"056": "7"}})", "056"),
+        std::make_tuple("NumeroFueraDeRango", R"({"ruc": "20100001234", "casillas": {"461": 1e300}})",
+                        "la casilla 461 lleva un número fuera de rango")),
     [](const auto& i) { return std::string(std::get<0>(i.param)); });
 
 TEST(CalcularOpciones, UnaFechaMalEscritaSeRechaza)
