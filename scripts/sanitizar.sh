@@ -16,6 +16,7 @@ cmake -S . -B "$carpeta" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
       -DCMAKE_CXX_COMPILER=clang++ -DF931_SANITIZAR=ON -DF931_FUZZ=ON \
       -DCMAKE_CXX_FLAGS_RELWITHDEBINFO="-O1 -gline-tables-only" >/dev/null
 cmake --build "$carpeta" -j "$hilos" --target pruebas_logicas objetivos_fuzz
+echo "== build-san built in ${SECONDS}s"
 
 # Qt comes uninstrumented from the system. Its containers carry no sanitizer annotations, so
 # detect_container_overflow stays on: it can only speak of annotated containers, and mixing
@@ -24,12 +25,15 @@ export ASAN_OPTIONS="detect_stack_use_after_return=1:strict_string_checks=1:chec
 export UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1"
 
 echo "== logic tests with ASan and UBSan ($carpeta)"
+inicio=$SECONDS
 (cd "$carpeta" && QT_QPA_PLATFORM=offscreen ctest -E '^vista_' --no-tests=error --output-on-failure -j "$hilos")
+echo "== logic tests ran in $((SECONDS - inicio))s"
 
 [ "$segundos" -gt 0 ] || exit 0
 hallazgos="$carpeta/fuzz-hallazgos"
 mkdir -p "$hallazgos"
 fallidos=()
+inicio=$SECONDS
 for corpus in fuzz/corpus/*/; do
   nombre=$(basename "$corpus")
   echo "== fuzz_$nombre for ${segundos}s"
@@ -47,6 +51,7 @@ for corpus in fuzz/corpus/*/; do
     echo
   fi
 done
+echo "== fuzzing took $((SECONDS - inicio))s; the whole stage ${SECONDS}s"
 if [ ${#fallidos[@]} -gt 0 ]; then
   echo "fuzz findings in: ${fallidos[*]} (inputs in $hallazgos/)" >&2
   exit 1
