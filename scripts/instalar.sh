@@ -5,7 +5,9 @@ set -euo pipefail
 paquetes_paquete=(dpkg-dev desktop-file-utils)
 paquetes=(build-essential cmake ninja-build ccache qt6-base-dev libqt6sql6-sqlite libsqlite3-dev
           libgtest-dev libx11-dev fonts-liberation qt6-translations-l10n xvfb xauth xdotool imagemagick
-          poppler-utils)
+          poppler-utils clang libclang-rt-dev llvm)
+# clang, libclang-rt-dev (the sanitizer runtimes and libFuzzer, libclang_rt.fuzzer) and llvm
+# (llvm-symbolizer, for readable stack traces) serve the checking stage, scripts/sanitizar.sh.
 faltan=()
 for p in "${paquetes[@]}" "${paquetes_paquete[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || faltan+=("$p")

@@ -4,6 +4,7 @@
 #include <bit>
 
 #include "basic/decimal.h"
+#include "basic/errores.h"
 #include "basic/texto.h"
 
 #include <QList>
@@ -353,9 +354,15 @@ QString formatoFecha(const QDate& fecha, const QTime& hora, const QString& pictu
 
 // Day zero of the runtime's date numbers.
 const QDate kDiaCero(1899, 12, 30);
+// The runtime's dates run from 1 January 100 to 31 December 9999.
+const double kSeriePrimera = double(kDiaCero.daysTo(QDate(100, 1, 1)));
+const double kSerieTope = double(kDiaCero.daysTo(QDate(9999, 12, 31))) + 1.0;
 
+// A date number as a moment; invalid when it lies outside the runtime's dates (NaN too).
 QDateTime desdeSerie(double serie)
 {
+    if (!(serie >= kSeriePrimera && serie < kSerieTope))
+        return QDateTime();
     const double dias = std::floor(serie);
     const QDate fecha = kDiaCero.addDays(qint64(dias));
     const int segundos = int(std::lround((serie - dias) * 86400.0));
@@ -422,8 +429,12 @@ QString Format(const QString& texto, const QString& picture)
 
 QString Format(double valor, const QString& picture)
 {
+    if (!std::isfinite(valor))
+        throw errorDesbordamiento();
     if (esPictureFecha(picture)) {
         const QDateTime momento = desdeSerie(valor);
+        if (!momento.isValid())
+            throw errorDesbordamiento();
         return formatoFecha(momento.date(), momento.time(), picture);
     }
     // The text depends on the number and the picture alone, and a form formats the same few

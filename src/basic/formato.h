@@ -16,6 +16,11 @@
 //   Format("0.33335", "###,###,###,##0.0000")               -> "0.3334"
 // Date pictures: "dd/mm/yyyy", "yyyymmdd", "yyyy", "hh:mm:ss" (and "mm" = month when a date
 // picture, minutes after "hh:").
+//
+// Overflow: a double that is no finite number, or a date number outside the runtime's dates
+// (1 January 100 to 31 December 9999) with a date picture, throws ErrorVB 6 "Desbordamiento",
+// as does a text whose number is beyond a double ("1e400"). A text that reads as such a date
+// number is no date and passes through unchanged.
 #include <QDate>
 #include <QDateTime>
 #include <QString>

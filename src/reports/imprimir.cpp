@@ -209,7 +209,13 @@ void ModeloImprimir::CmdImprimir_Click(int indice)
     const int posicion = filaActual;
     if (!prepararReporte())
         return;
-    const qint16 paginas = NumRegistros(ultimoArchivo);
+    qint16 paginas = 0;
+    try {
+        paginas = NumRegistros(ultimoArchivo);   // a damaged count is shown, not passed on
+    } catch (const ErrorVB& e) {
+        muestraError(e);
+        return;
+    }
     G().gbPorHojas = -1;
     if (abridorImpxPag())
         abridorImpxPag()(QStringLiteral("Impresión de ") + QString::number(paginas) + QStringLiteral(" páginas"), paginas,

@@ -6,6 +6,7 @@
 
 #include <QFile>
 
+#include <cmath>
 #include <memory>
 
 // ---------------------------------------------------------------------------------------------
@@ -244,7 +245,12 @@ quint32 numeroColor(const QString& texto)
         }
         return v;
     }
-    return static_cast<quint32>(static_cast<qint64>(Val(texto)));
+    // A decimal number keeps its integer part and its 32 bits (-1 is &HFFFFFFFF); one that no
+    // colour can hold overflows.
+    const double entero = std::trunc(Val(texto));
+    if (!(entero >= -2147483648.0 && entero <= 4294967295.0))
+        throw errorDesbordamiento();
+    return static_cast<quint32>(static_cast<qint64>(entero));
 }
 
 ErrorVB errorElementoInexistente()
@@ -400,7 +406,12 @@ QStringList leeLineasSpool(const QString& ruta)
     QFile archivo(ruta);
     if (!archivo.open(QIODevice::ReadOnly))
         throw ErrorVB(kErrArchivoNoEncontrado, QStringLiteral("No se ha encontrado el archivo"));
-    const QString texto = deCp1252(archivo.readAll());
+    return lineasSpool(archivo.readAll());
+}
+
+QStringList lineasSpool(const QByteArray& contenido)
+{
+    const QString texto = deCp1252(contenido);
     QStringList lineas;
     qsizetype inicio = 0;
     const qsizetype n = texto.size();
@@ -426,6 +437,11 @@ qint16 NumRegistros(const QString& nombre)
     } catch (const ErrorVB&) {
         return 0;
     }
+    return numeroDeHojas(lineas);
+}
+
+qint16 numeroDeHojas(const QStringList& lineas)
+{
     for (const QString& linea : lineas) {
         if (!linea.contains(QLatin1String("<!nHojas!>")))
             continue;

@@ -117,16 +117,22 @@ QString campoLinea(const QString& linea, int& cursor);
 
 // Replays the lines of a spool file. On the screen the pages come from the records' page
 // fields; on the printer from the page breaks. `nHojaActual` is the form's current page before
-// the replay. A run-time error (a field beyond 16 bits, a page that was never opened) ends the
-// replay: the pages made so far are kept and `error` tells the number.
+// the replay. A run-time error (a field beyond 16 bits, a page that was never opened, a decimal
+// colour outside 32 bits) ends the replay: the pages made so far are kept and `error` tells the
+// number.
 DocumentoSpool reproduceSpool(const QStringList& lineas, bool impresora, const RangoHojas& rango,
                               qint16 nHojaActual = 0);
 
 // Lines of a spool file (Windows-1252, CR LF or LF). Throws ErrorVB 53 when it does not exist.
 QStringList leeLineasSpool(const QString& ruta);
+// The same from the file's bytes.
+QStringList lineasSpool(const QByteArray& contenido);
 // Full path of a spool file in the report folder: G().gsPathRpt + "/" + name.
 QString rutaSpool(const QString& nombre);
 
 // Page count of the "<!nHojas!>" directive of a spool file in the report folder; 0 when the
-// file has no such line.
+// file is missing or has no such line. A damaged count throws ErrorVB for the caller to show:
+// 6 for a number beyond 16 bits, 5 for a closing tag that stands before the number.
 qint16 NumRegistros(const QString& nombre);
+// The same from the lines of the file.
+qint16 numeroDeHojas(const QStringList& lineas);

@@ -1,10 +1,14 @@
 // Format with the pictures of the declaration, its reports and its keys.
 #include "basic/formato.h"
 
+#include "basic/errores.h"
+
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 #include <ostream>
+#include <string>
 
 namespace {
 
@@ -142,6 +146,65 @@ TEST(FormatNumero, DoublesEnterosYSumasBinarias)
               QStringLiteral("-9223372036854775808"));
     EXPECT_EQ(Format(qint64(123456789012345678), QStringLiteral("###,###,###,##0")),
               QStringLiteral("123,456,789,012,345,678"));
+}
+
+// What Format gives at the edges: the text, or the number of the error it throws (0: none).
+struct Borde {
+    double valor;
+    const char* picture;
+    std::string esperado;
+    int error;
+};
+
+void compruebaBordes(const std::initializer_list<Borde>& casos)
+{
+    for (const Borde& c : casos) {
+        QString obtenido;
+        int error = 0;
+        try {
+            obtenido = Format(c.valor, QString::fromUtf8(c.picture));
+        } catch (const ErrorVB& e) {
+            error = e.numero;
+        }
+        EXPECT_EQ(error, c.error) << c.valor << " with " << c.picture;
+        EXPECT_EQ(obtenido.toStdString(), c.esperado) << c.valor << " with " << c.picture;
+    }
+}
+
+TEST(FormatNumero, NumerosEnormesSeEscribenYLosNoFinitosDesbordan)
+{
+    const double inf = std::numeric_limits<double>::infinity();
+    compruebaBordes({
+        {9.2e18, "###########0", "9200000000000000000", 0},
+        {9.3e18, "###,###,###,##0", "9,300,000,000,000,000,000", 0},
+        {-1e19, "###,###,###,##0;(###,###,###,##0)", "(10,000,000,000,000,000,000)", 0},
+        {1.7976931348623157e308, "0.00", "17976931348623200" + std::string(292, '0') + ".00", 0},
+        {5e-324, "###,###,###,##0.0000", "0.0000", 0},
+        {inf, "###,###,###,##0", "", kErrDesbordamiento},
+        {-inf, "###,###,###,##0;(###,###,###,##0)", "", kErrDesbordamiento},
+        {std::nan(""), "###########0", "", kErrDesbordamiento},
+    });
+    EXPECT_THROW(Format(QStringLiteral("1e400"), QStringLiteral("###,###,###,##0")), ErrorVB);
+}
+
+TEST(FormatFecha, NumerosFueraDeLasFechasDesbordan)
+{
+    compruebaBordes({
+        {41355.0, "dd/mm/yyyy", "22/03/2013", 0},
+        {2958465.0, "dd/mm/yyyy", "31/12/9999", 0},
+        {-657434.0, "dd/mm/yyyy", "01/01/0100", 0},
+        {2958466.0, "dd/mm/yyyy", "", kErrDesbordamiento},
+        {-657435.0, "yyyymmdd", "", kErrDesbordamiento},
+        {9.2e18, "dd/mm/yyyy", "", kErrDesbordamiento},
+        {-9.3e18, "yyyy", "", kErrDesbordamiento},
+        {1e300, "hh:mm:ss", "", kErrDesbordamiento},
+        {std::numeric_limits<double>::infinity(), "dd/mm/yyyy", "", kErrDesbordamiento},
+        {std::nan(""), "dd/mm/yyyy", "", kErrDesbordamiento},
+    });
+    EXPECT_THROW(Format(std::numeric_limits<qint64>::max(), QStringLiteral("dd/mm/yyyy")), ErrorVB);
+    // A text that reads as such a number is no date and stays as it is.
+    EXPECT_EQ(Format(QStringLiteral("1e19"), QStringLiteral("dd/mm/yyyy")), QStringLiteral("1e19"));
+    EXPECT_EQ(Format(QStringLiteral("41355"), QStringLiteral("dd/mm/yyyy")), QStringLiteral("22/03/2013"));
 }
 
 TEST(FormatFecha, PicturesDeFechaYHora)

@@ -330,3 +330,60 @@ TEST(ArchivoSpool, NumRegistrosYLectura)
     EXPECT_THROW(leeLineasSpool(rutaSpool(QStringLiteral("no.PRN"))), ErrorVB);
     G().reiniciar();
 }
+
+TEST(ArchivoSpool, CuentaDeHojasDanada)
+{
+    struct {
+        const char* linea;
+        int hojas;
+        int error;
+    } casos[] = {
+        {"<!nHojas!>32767<!/nHojas!>", 32767, 0},
+        {"<!nHojas!>-3<!/nHojas!>", -3, 0},
+        {"<!nHojas!>abc<!/nHojas!>", 0, 0},
+        {"<!nHojas!>7", 7, 0},                                // no closing tag: to the end of the line
+        {"<!nHojas!>32768<!/nHojas!>", 0, kErrDesbordamiento},
+        {"<!nHojas!>1e300<!/nHojas!>", 0, kErrDesbordamiento},
+        {"<!nHojas!>1e400<!/nHojas!>", 0, kErrDesbordamiento},
+        {"<!nHojas!>&H1FFFFFFFF<!/nHojas!>", 0, kErrDesbordamiento},
+        {"<!/nHojas!><!nHojas!>5", 0, kErrArgumento},         // the closing tag before the number
+    };
+    for (const auto& c : casos) {
+        int hojas = 0, error = 0;
+        try {
+            hojas = numeroDeHojas({QStringLiteral("pPos|1|1|a|False|0|0|"), QString::fromUtf8(c.linea)});
+        } catch (const ErrorVB& e) {
+            error = e.numero;
+        }
+        EXPECT_EQ(hojas, c.hojas) << c.linea;
+        EXPECT_EQ(error, c.error) << c.linea;
+    }
+}
+
+TEST(Lectura, ColorDecimalFueraDe32BitsTerminaLaLectura)
+{
+    struct {
+        const char* color;
+        quint32 fondo;
+        int error;
+    } casos[] = {
+        {"16777215", 0x00FFFFFFu, 0},
+        {"255.9", 0x000000FFu, 0},           // the integer part
+        {"-1", 0xFFFFFFFFu, 0},
+        {"4294967295", 0xFFFFFFFFu, 0},
+        {"-2147483648", 0x80000000u, 0},
+        {"&HFF&", 0x000000FFu, 0},
+        {"4294967296", kColorFondoDiseno, kErrDesbordamiento},
+        {"-2147483649", kColorFondoDiseno, kErrDesbordamiento},
+        {"9.3e18", kColorFondoDiseno, kErrDesbordamiento},
+        {"1e300", kColorFondoDiseno, kErrDesbordamiento},
+    };
+    for (const auto& c : casos) {
+        const DocumentoSpool d = reproduceSpool({QStringLiteral("<!Color!>%1<!/Color!>").arg(QLatin1String(c.color)),
+                                                 QStringLiteral("pPos|1|1|a|False|0|0|")},
+                                                false, {});
+        EXPECT_EQ(d.error, c.error) << c.color;
+        EXPECT_EQ(d.paginas[0].colorFondo, c.fondo) << c.color;
+        EXPECT_EQ(d.paginas[0].comandos.size(), c.error ? 0 : 1) << c.color;
+    }
+}
