@@ -468,9 +468,11 @@ TEST_F(Grabacion, SalirDeUnaNuevaBorraUnaGrabacionRota)
 TEST_F(Grabacion, ElNumeroDeOrdenSeRegistraSoloSiEsValidoYEnSuCopia)
 {
     const QString control = QStringLiteral("0012345678");
+    // The copy shown rectifies; the other one does not.
     for (const char* correl : {"1", "2"})
-        ejecutar(QStringLiteral("INSERT INTO HCAB (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, CORREL, CONTROL) VALUES (6, ?, ?, '0931', ?, ?)"),
-                 {kRuc, kPeriodo, QString::fromLatin1(correl), control});
+        ejecutar(QStringLiteral("INSERT INTO HCAB (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, CORREL, CONTROL, RECTIFICA)"
+                                " VALUES (6, ?, ?, '0931', ?, ?, ?)"),
+                 {kRuc, kPeriodo, QString::fromLatin1(correl), control, correl[0] == '1' ? QStringLiteral("1") : QStringLiteral("0")});
     const EntradaDeclaracion guardada = entrada(QStringLiteral("500=1000 056=4 813=0 605=0 606=0 607=0 608=1"));
     for (auto it = guardada.casillas.cbegin(); it != guardada.casillas.cend(); ++it)
         ejecutar(QStringLiteral("INSERT INTO HDET (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, CORREL, CASILLA, I_VALOR)"
@@ -491,6 +493,9 @@ TEST_F(Grabacion, ElNumeroDeOrdenSeRegistraSoloSiEsValidoYEnSuCopia)
     EXPECT_EQ(frm.CmdGrabar.Caption, QStringLiteral("&Registrar Nro. Orden"));
     EXPECT_FALSE(frm.CmdValidar.Visible);
     EXPECT_FALSE(frm.caja(461).Enabled);
+    EXPECT_TRUE(frm.OptRectifica.valor(1));
+    EXPECT_FALSE(frm.marcos.value(QStringLiteral("Frame9")).Enabled);
+    EXPECT_FALSE(frm.mbModificado);
 
     const QString bueno = QStringLiteral("123456789");
     const QString digitos = DigitoVerificador(control, bueno);
