@@ -6,8 +6,26 @@
 #include "basic/msgbox.h"
 #include "basic/texto.h"
 #include "shell/globales.h"
+#include "store/base.h"
 #include "store/funciones.h"
 #include "store/param.h"
+
+namespace {
+
+// The stored answer to "Declaración rectificatoria": from the sent copy's header when the
+// declaration is only shown, else from the working header.
+QString rectificaGuardada(const QStringList& claveEnviada, const QString& ruc, const QString& periodo,
+                          const QString& formulario)
+{
+    const QString clave = QStringLiteral(" WHERE DOC_ID_D=? AND TIP_DOC_D=6 AND PERIODO=? AND FORMULARIO=?");
+    if (G().gbEnviada && claveEnviada.size() == 3)
+        return Trim(escalar(QStringLiteral("SELECT RECTIFICA FROM HCAB") + clave + QStringLiteral(" AND CORREL=?"),
+                            {claveEnviada.at(0), claveEnviada.at(1), formulario, claveEnviada.at(2)})
+                        .toString());
+    return Trim(escalar(QStringLiteral("SELECT RECTIFICA FROM CAB") + clave, {ruc, periodo, formulario}).toString());
+}
+
+}  // namespace
 
 void Frm931::Form_Load()
 {
@@ -133,6 +151,8 @@ void Frm931::pCargaIdent()
         TxtRazon.Enabled = false;
         TxtRazon.BackColor = kGris;
         TxtTelefono.Enabled = true;
+        // Read before the stored values arrive: their rules may move the period in hand.
+        const QString rectifica = rectificaGuardada(claveEnviada, Trim(msRuc), g.gsPeriodo, g.gsFormulario);
         TxtNumRuc.Text = msRuc;
         // The stored values arrive through the change event of the name.
         setTxtRazon(msRazon);
@@ -245,6 +265,11 @@ void Frm931::pCargaIdent()
         }
         if (CboBalance.ListIndex >= 0)
             ponerTitulos(CboBalance.ListIndex);
+
+        // The answer goes back as it was stored ("" leaves both options off), so that saving
+        // again unchanged writes the same header.
+        if (rectifica == QLatin1String("0") || rectifica == QLatin1String("1"))
+            marcar(OptRectifica, rectifica == QLatin1String("1") ? 1 : 0);
 
         Calcular113();
         // The stored tax wins over the recomputed one (it is typed under a stability agreement).

@@ -112,7 +112,7 @@ inline QMap<QString, QString> pantalla(const Frm931& f)
         {"OptLeyAmazonia", &f.OptLeyAmazonia}, {"OptDomFiscal", &f.OptDomFiscal}, {"OptZona", &f.OptZona},
         {"OptActividad", &f.OptActividad}, {"OptFrontera", &f.OptFrontera}, {"OptConvEstab", &f.OptConvEstab},
         {"OptInicio", &f.OptInicio}, {"OptAnterior", &f.OptAnterior}, {"OptPrecedente", &f.OptPrecedente},
-        {"OptSuspPC", &f.OptSuspPC}};
+        {"OptSuspPC", &f.OptSuspPC}, {"OptRectifica", &f.OptRectifica}};
     for (const auto& [nombre, g] : grupos)
         m.insert(QString::fromLatin1(nombre), QString::number(g->seleccionado()));
     const QList<QPair<const char*, const Caja*>> cajas = {
