@@ -1,5 +1,6 @@
 // The main window's commands: the globals each leaves for the form it opens, what it opens,
-// and the status bar rules.
+// and the status bar rules. The toolbar's buttons are the same commands (the button walk
+// presses each); the status bar on screen is the scenarios'.
 #include "shell/comandos.h"
 
 #include <optional>
@@ -112,11 +113,6 @@ TEST_P(Comando, DejaSusGlobalesYAbreSuVentana)
     EXPECT_EQ(barraEstado().PanelRuc, QStringLiteral("20100001234"));
 }
 
-void toolbar1() { tlbMenu_ButtonClick(1); }
-void toolbar6() { tlbMenu_ButtonClick(6); }
-void toolbar8() { tlbMenu_ButtonClick(8); }
-void toolbar9() { tlbMenu_ButtonClick(9); }
-
 const auto kNada = std::nullopt;
 
 INSTANTIATE_TEST_SUITE_P(
@@ -124,9 +120,6 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Combine(
         ::testing::Values(
             CasoComando{"mnuNueva", &mnuNueva_Click,
-                        T({"reloj", "declaracion(0,[]) op=0 env=0 imp=? per=2026 sel=", "normal"}), true, 0, false,
-                        kNada, "2026", ""},
-            CasoComando{"toolbar_Nueva", &toolbar1,
                         T({"reloj", "declaracion(0,[]) op=0 env=0 imp=? per=2026 sel=", "normal"}), true, 0, false,
                         kNada, "2026", ""},
             CasoComando{"mnuModificar", &mnuModificar_Click,
@@ -157,10 +150,7 @@ INSTANTIATE_TEST_SUITE_P(
                         kNada, kNada, kNada, "202405", "202404"},
             CasoComando{"mnuAcercade", &mnuAcercade_Click,
                         T({"reloj", "acercade op=7 env=? imp=? per=202405 sel=202404", "normal"}), false, kNada, kNada,
-                        kNada, "202405", "202404"},
-            CasoComando{"separador_6", &toolbar6, {}, false, kNada, kNada, kNada, "202405", "202404"},
-            CasoComando{"separador_8", &toolbar8, {}, false, kNada, kNada, kNada, "202405", "202404"},
-            CasoComando{"separador_9", &toolbar9, {}, false, kNada, kNada, kNada, "202405", "202404"}),
+                        kNada, "202405", "202404"}),
         ::testing::Bool()),
     [](const auto& info) {
         return std::string(std::get<0>(info.param).nombre) + (std::get<1>(info.param) ? "_desde_verdadero" : "_desde_falso");
@@ -197,31 +187,6 @@ INSTANTIATE_TEST_SUITE_P(Casos, PeriodoEnBarra,
                          ::testing::Values(CasoPeriodo{"", ""}, CasoPeriodo{"2026", ""}, CasoPeriodo{"20261", ""},
                                            CasoPeriodo{"  2026  ", ""}, CasoPeriodo{"202406", "2024/06"},
                                            CasoPeriodo{"20240612", "2024/12"}, CasoPeriodo{" 202406", " 202/06"}));
-
-TEST(BarraEstado, PBarraEstadoLlenaLosCincoPanelesYAvisaALaVista)
-{
-    int avisos = 0;
-    EstadoBarra visto;
-    alCambiarBarra([&](const EstadoBarra& e) {
-        ++avisos;
-        visto = e;
-    });
-    barraEstado() = EstadoBarra();
-    pBarraEstado(QStringLiteral("20600007891"), QStringLiteral("AGROEXPORTADORA"), QStringLiteral("202411"),
-                 QStringLiteral("0931"));
-    EXPECT_EQ(avisos, 1);
-    EXPECT_EQ(visto.Modo, 1);
-    EXPECT_EQ(visto.PanelRuc, QStringLiteral("20600007891"));
-    EXPECT_EQ(visto.PanelNombre, QStringLiteral("AGROEXPORTADORA"));
-    EXPECT_EQ(visto.PanelPeriodo, QStringLiteral("2024/11"));
-    EXPECT_EQ(visto.PanelFormulario, QStringLiteral("0931"));
-    limpiarPanelNombre();
-    EXPECT_EQ(avisos, 2);
-    EXPECT_EQ(visto.PanelNombre, QString());
-    EXPECT_EQ(visto.PanelRuc, QStringLiteral("20600007891"));
-    alCambiarBarra({});
-    barraEstado() = EstadoBarra();
-}
 
 // Ten buttons of width 20 side by side: button i spans [20(i-1), 20(i-1)+20].
 class RatonSobreBarra : public ::testing::TestWithParam<std::pair<int, bool>> {};
