@@ -279,7 +279,7 @@ TEST_F(Linea, AyudaVersionYOpcionesDesconocidas)
         {{QStringLiteral("validar")}, QStringLiteral("falta ENTRADA.json; uso: f931 validar [opciones] ENTRADA.json")},
         {{QStringLiteral("crear-base"), QStringLiteral("--help=no")}, QStringLiteral("la opción --help no lleva valor")},
         {{QStringLiteral("enviar")}, QStringLiteral("comando desconocido: enviar; uso: f931 COMANDO [opciones]; comandos: "
-                                                    "calcular, crear-base, exportar, importar, informe, validar; f931 --help da la ayuda")},
+                                                    "calcular, crear-base, exportar, importar, informe, respaldar, validar, verificar; f931 --help da la ayuda")},
     };
     for (const auto& m : malas) {
         r = f931(m.argumentos);

@@ -194,7 +194,7 @@ private slots:
         anotar();
         QVERIFY(!w.ajustarAncho()->isChecked());
         // Ctrl with a key ('-', '+', '='), or with the wheel (its turn).
-        for (int paso : {Qt::Key_Minus, Qt::Key_Minus, Qt::Key_Plus, Qt::Key_Equal, 120, 120, 120, 120, 120, -120}) {
+        for (int paso : {int(Qt::Key_Minus), int(Qt::Key_Minus), int(Qt::Key_Plus), int(Qt::Key_Equal), 120, 120, 120, 120, 120, -120}) {
             if (paso == 120 || paso == -120)
                 rueda(w, paso);
             else
@@ -302,8 +302,8 @@ private slots:
     }
 
     // The print dialog holds the report's pages of the range in force; the pages and copies
-    // chosen there are what goes to paper.
-    void imprimirPorElDialogo()
+    // chosen there are what goes to paper. Saving as PDF, then "Salir".
+    void imprimirPorElDialogoYGuardarPdf()
     {
         G().gbPorHojas = -1;
         G().gnHojaDesde = 2;
@@ -328,6 +328,18 @@ private slots:
         pulsar(w, w.boton(4));
         QVERIFY(mensajes.mostrados.isEmpty());
         QVERIFY(w.isVisible());
+
+        // Saved as PDF: what the preview holds.
+        QCOMPARE(w.guardarPdf()->text(), QStringLiteral("Guardar PDF"));
+        dialogos.archivoPdf = dir.filePath(QStringLiteral("previa.pdf"));
+        pulsar(w, w.guardarPdf());
+        QCOMPARE(paginasPdf(dialogos.archivoPdf), 2);
+        dialogos.archivoPdf = dir.filePath(QStringLiteral("no/existe/previa.pdf"));
+        pulsar(w, w.guardarPdf());
+        QCOMPARE(mensajes.textos(), QStringList{QStringLiteral("No se pudo grabar el archivo ") + dialogos.archivoPdf});
+
+        pulsar(w, w.boton(5));
+        QVERIFY(!w.isVisible());
     }
 
     // Without any printer the message stays, and the report can go to a PDF file instead.
@@ -345,25 +357,6 @@ private slots:
         QCOMPARE(dialogos.titulosPdf, QStringList{QStringLiteral("Imprimir en archivo PDF")});
         QCOMPARE(paginasPdf(dialogos.archivoPdf + QStringLiteral(".pdf")), 5);
         QVERIFY(dialogos.ofrecido.isEmpty());
-    }
-
-    void guardarPdfYSalir()
-    {
-        G().gbPorHojas = -1;
-        G().gnHojaDesde = 2;
-        G().gnHojaHasta = 3;
-        frmPreview w(QStringLiteral("r.PRN"));
-        mostrar(w);
-        QCOMPARE(w.guardarPdf()->text(), QStringLiteral("Guardar PDF"));
-        dialogos.archivoPdf = dir.filePath(QStringLiteral("previa.pdf"));
-        pulsar(w, w.guardarPdf());
-        QCOMPARE(paginasPdf(dialogos.archivoPdf), 2);   // what the preview holds
-        dialogos.archivoPdf = dir.filePath(QStringLiteral("no/existe/previa.pdf"));
-        pulsar(w, w.guardarPdf());
-        QCOMPARE(mensajes.textos(), QStringList{QStringLiteral("No se pudo grabar el archivo ") + dialogos.archivoPdf});
-
-        pulsar(w, w.boton(5));
-        QVERIFY(!w.isVisible());
     }
 };
 
