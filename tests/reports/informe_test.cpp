@@ -1,6 +1,6 @@
 // The declaration report: loading a stored declaration and the spool file it builds, checked
-// against frozen files in golden/ (its figures, blanks and parentheses included) (F931_REGENERAR_GOLDEN=1 rewrites them; read them before
-// freezing).
+// against frozen files in golden/, figures, blanks and parentheses included
+// (F931_REGENERAR_GOLDEN=1 rewrites them; read them before freezing).
 #include "comun/base_prueba.h"
 
 #include "basic/errores.h"

@@ -142,7 +142,7 @@ TEST(Fechas, FechaNoFutura)
         EXPECT_EQ(FechaNoFutura(QString::fromLatin1(c.fecha)), c.esperado) << c.fecha;
 }
 
-// ---- deletion of a sent declaration (the working one: the picker's tests) ---------------------------------------------------------
+// ---- deletion of a sent declaration (of a working one: the picker's tests) ----------------
 
 int filas(const char* tabla, const QString& ruc)
 {
