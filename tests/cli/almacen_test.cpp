@@ -6,15 +6,11 @@
 #include "store/funciones.h"
 #include "store/motor_directo.h"
 
-#include "rutas_prueba.h"
+#include "cli/proceso.h"
 #include <QCryptographicHash>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
 #include <QRandomGenerator>
 #include <QThread>
 
@@ -38,37 +34,6 @@ const QString kPeriodo = QStringLiteral("202605");   // declaracionConsistente()
 const QString kYaExiste = QStringLiteral("La declaración que desea registrar ya existe 20100001234. "
                                          "Elija la opción modificar declaración o elija otro contribuyente.");
 
-struct Corrida {
-    int codigo = -1;
-    QByteArray salida;
-    QString error;
-    QJsonObject json() const { return QJsonDocument::fromJson(salida).object(); }
-};
-
-std::unique_ptr<QProcess> lanzar(const QStringList& argumentos)
-{
-    auto p = std::make_unique<QProcess>();
-    p->start(QStringLiteral(F931_BIN_F931), argumentos);
-    p->waitForStarted();
-    return p;
-}
-
-Corrida terminar(QProcess& p)
-{
-    p.waitForFinished(60000);
-    Corrida r;
-    r.codigo = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-    r.salida = p.readAllStandardOutput();
-    r.error = QString::fromUtf8(p.readAllStandardError());
-    return r;
-}
-
-Corrida f931(const QStringList& argumentos)
-{
-    auto p = lanzar(argumentos);
-    return terminar(*p);
-}
-
 QByteArray huella(const QString& archivo)
 {
     QFile f(archivo);
@@ -90,20 +55,7 @@ protected:
         const QString archivo = familia.carpeta() + QStringLiteral("entrada.json");
         if (QFileInfo::exists(archivo))
             return archivo;
-        const EntradaDeclaracion e = declaracionConsistente();
-        QJsonObject casillas;
-        for (auto it = e.casillas.cbegin(); it != e.casillas.cend(); ++it)
-            casillas.insert(it.key(), it.value());
-        QFile f(archivo);
-        f.open(QIODevice::WriteOnly | QIODevice::Truncate);
-        f.write(QJsonDocument(QJsonObject{{QStringLiteral("ruc"), e.ruc}, {QStringLiteral("casillas"), casillas}}).toJson());
-        return archivo;
-    }
-
-    static QStringList comunes(const QString& base)
-    {
-        return {QStringLiteral("--base"), base, QStringLiteral("--hoy"), QStringLiteral("2026-11-22"),
-                QStringLiteral("--usuario"), DatosDemo::kAdmin};
+        return escribirArchivo(json(declaracionConsistente()));
     }
 
     QStringList importar(const QString& base) { return QStringList{QStringLiteral("importar")} + comunes(base) << entrada(); }
@@ -145,8 +97,8 @@ TEST_F(Almacen, DosImportarALaVezUnoGrabaYElOtroSeRehusa)
         const Corrida ra = terminar(*a), rb = terminar(*b);
         const Corrida& rehusada = ra.codigo == 1 ? ra : rb;
         EXPECT_EQ(QList<int>({qMin(ra.codigo, rb.codigo), qMax(ra.codigo, rb.codigo)}), QList<int>({0, 1}))
-            << "vuelta " << vueltas << ": " << ra.error.toStdString() << " / " << rb.error.toStdString();
-        EXPECT_EQ(rehusada.error.trimmed(), kYaExiste) << "vuelta " << vueltas;
+            << "vuelta " << vueltas << ": " << ra.error() << " / " << rb.error();
+        EXPECT_EQ(rehusada.errores, QStringList{kYaExiste}) << "vuelta " << vueltas;
         const QJsonArray mensajes = rehusada.json().value(QStringLiteral("mensajes")).toArray();
         EXPECT_EQ(mensajes.isEmpty() ? QString() : mensajes.last().toObject().value(QStringLiteral("texto")).toString(), kYaExiste);
         EXPECT_EQ(volcado(QStringLiteral("CAB"), kPeriodo), cabecera) << "vuelta " << vueltas;
@@ -211,13 +163,14 @@ TEST_P(ArchivoQueNoEsLaBase, CadaComandoSaleConTresSinTocarlo)
     const QString carpeta = QFileInfo(base).absolutePath();
     const QByteArray antes = huella(base);
     const QStringList listado = contenido(carpeta);
-    for (const QStringList& args : todos(base, carpeta + QStringLiteral("/copia.db"))) {
-        const Corrida r = f931(args);
-        EXPECT_EQ(r.codigo, 3) << args.first().toStdString() << ": " << r.error.toStdString();
-        const QStringList lineas = r.error.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-        EXPECT_EQ(lineas.size(), 1) << args.first().toStdString() << ": " << r.error.toStdString();
-        EXPECT_TRUE(r.error.contains(QDir::toNativeSeparators(base))) << args.first().toStdString() << ": " << r.error.toStdString();
-        EXPECT_FALSE(r.error.contains(QStringLiteral("database"))) << r.error.toStdString();
+    // Every command, and a batch on standard input.
+    const QList<QStringList> comandos = todos(base, carpeta + QStringLiteral("/copia.db")) << (importar(base).mid(0, 7) << QStringLiteral("-"));
+    for (const QStringList& args : comandos) {
+        const Corrida r = f931(args, json(declaracionConsistente()));
+        EXPECT_EQ(r.codigo, 3) << args.first().toStdString() << ": " << r.error();
+        EXPECT_EQ(r.errores.size(), 1) << args.first().toStdString() << ": " << r.error();
+        EXPECT_TRUE(r.errores.value(0).contains(QDir::toNativeSeparators(base))) << args.first().toStdString() << ": " << r.error();
+        EXPECT_FALSE(r.errores.value(0).contains(QStringLiteral("database"))) << r.error();
         EXPECT_EQ(huella(base), antes) << args.first().toStdString();
         EXPECT_EQ(contenido(carpeta), listado) << args.first().toStdString();
     }
@@ -247,10 +200,10 @@ TEST_F(Almacen, BaseBloqueadaPorOtroProgramaSaleConTres)
     for (size_t i = 0; i < procesos.size(); ++i) {
         const Corrida r = terminar(*procesos[i]);
         const std::string comando = comandos[static_cast<int>(i)].first().toStdString();
-        EXPECT_EQ(r.codigo, 3) << comando << ": " << r.error.toStdString();
-        EXPECT_TRUE(r.error.startsWith(QStringLiteral("La base de datos %1 está bloqueada por otro programa")
+        EXPECT_EQ(r.codigo, 3) << comando << ": " << r.error();
+        EXPECT_TRUE(r.errores.value(0).startsWith(QStringLiteral("La base de datos %1 está bloqueada por otro programa")
                                            .arg(QDir::toNativeSeparators(familia.baseDatos()))))
-            << comando << ": " << r.error.toStdString();
+            << comando << ": " << r.error();
     }
     EXPECT_FALSE(QFileInfo::exists(familia.carpeta() + QStringLiteral("copia.db")));
 }
@@ -263,10 +216,10 @@ TEST_F(Almacen, ImportarEsperaElBloqueoYLuegoSaleConTres)
         MotorDirecto otro(familia.baseDatos());
         ASSERT_TRUE(otro.ejecutar("BEGIN IMMEDIATE; INSERT INTO CLAVES (Usuario, Tipo) VALUES ('OTRO', '1');"));
         const Corrida r = f931(importar(familia.baseDatos()));
-        EXPECT_EQ(r.codigo, 3) << r.error.toStdString();
-        EXPECT_TRUE(r.error.contains(QStringLiteral("está bloqueada por otro programa"))) << r.error.toStdString();
+        EXPECT_EQ(r.codigo, 3) << r.error();
+        EXPECT_TRUE(r.errores.value(0).contains(QStringLiteral("está bloqueada por otro programa"))) << r.error();
         const Corrida lectura = f931(QStringList{QStringLiteral("calcular")} + comunes(familia.baseDatos()) << entrada());
-        EXPECT_EQ(lectura.codigo, 0) << lectura.error.toStdString();
+        EXPECT_EQ(lectura.codigo, 0) << lectura.error();
     }
     EXPECT_EQ(contar(QStringLiteral("CAB")), 0);
     EXPECT_EQ(contar(QStringLiteral("DET")), 0);
@@ -281,7 +234,7 @@ TEST_F(Almacen, ImportarEsperaElBloqueoYLuegoSaleConTres)
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
     const Corrida r = f931(importar(familia.baseDatos()));
     otro.join();
-    EXPECT_EQ(r.codigo, 0) << r.error.toStdString();
+    EXPECT_EQ(r.codigo, 0) << r.error();
     EXPECT_EQ(contar(QStringLiteral("CAB")), 1);
 }
 
@@ -331,10 +284,10 @@ TEST_F(Almacen, BaseDeSoloLecturaSaleConTres)
     const QByteArray antes = huella(base);
     for (const QStringList& args : {importar(base), QStringList{QStringLiteral("verificar"), QStringLiteral("--base"), base}}) {
         const Corrida r = f931(args);
-        EXPECT_EQ(r.codigo, 3) << r.error.toStdString();
-        EXPECT_EQ(r.error.trimmed(), QStringLiteral("La base de datos %1 es de solo lectura. Pida permiso de escritura sobre "
+        EXPECT_EQ(r.codigo, 3) << r.error();
+        EXPECT_EQ(r.errores, QStringList{QStringLiteral("La base de datos %1 es de solo lectura. Pida permiso de escritura sobre "
                                                     "el archivo y su carpeta, o trabaje con una copia que pueda modificar.")
-                                         .arg(QDir::toNativeSeparators(base)));
+                                         .arg(QDir::toNativeSeparators(base))});
     }
     EXPECT_EQ(huella(base), antes);
 }
@@ -379,7 +332,7 @@ TEST_F(Almacen, CrearBaseMatadaNoDejaNadaAMedias)
     const QByteArray antes = huella(base);
     const Corrida otra = f931({QStringLiteral("crear-base"), base});
     EXPECT_EQ(otra.codigo, 2);
-    EXPECT_TRUE(otra.error.contains(QStringLiteral("ya existe; no se sobrescribe"))) << otra.error.toStdString();
+    EXPECT_TRUE(otra.errores.value(0).contains(QStringLiteral("ya existe; no se sobrescribe"))) << otra.error();
     EXPECT_EQ(huella(base), antes);
     std::cout << "[ crear-base ] " << nada << " sin archivo, " << enteras << " enteras (una corrida: " << duracion << " ms)"
               << std::endl;
@@ -394,7 +347,7 @@ TEST_F(Almacen, VerificarEncuentraLaFilaCambiadaAMano)
     ASSERT_EQ(f931(importar(familia.baseDatos())).codigo, 0);
     const QStringList verificar = {QStringLiteral("verificar"), QStringLiteral("--base"), familia.baseDatos()};
     Corrida r = f931(verificar);
-    ASSERT_EQ(r.codigo, 0) << r.error.toStdString() << r.salida.toStdString();
+    ASSERT_EQ(r.codigo, 0) << r.error() << r.salida.toStdString();
     EXPECT_EQ(r.json().value(QStringLiteral("revisadas")).toInt(), contar(QStringLiteral("CAB")) + contar(QStringLiteral("DET")));
     EXPECT_EQ(r.json().value(QStringLiteral("distintas")).toInt(-1), 0);
 
@@ -417,10 +370,8 @@ TEST_F(Almacen, VerificarEncuentraLaFilaCambiadaAMano)
     EXPECT_EQ(d.value(QStringLiteral("tabla")).toString(), QStringLiteral("DET"));
     EXPECT_EQ(d.value(QStringLiteral("guardado")).toString(), guardado);
     EXPECT_EQ(d.value(QStringLiteral("esperado")).toString(), esperado);
-    const QJsonObject clave = d.value(QStringLiteral("clave")).toObject();
-    EXPECT_EQ(clave.value(QStringLiteral("DOC_ID_D")).toString(), kRuc);
-    EXPECT_EQ(clave.value(QStringLiteral("PERIODO")).toString(), kPeriodo);
-    EXPECT_EQ(clave.value(QStringLiteral("CASILLA")).toString(), QStringLiteral("532"));
+    // The key of the row: the store's test, table by table.
+    EXPECT_EQ(d.value(QStringLiteral("clave")).toObject().value(QStringLiteral("CASILLA")).toString(), QStringLiteral("532"));
 }
 
 // The copy is taken while another program holds an open write transaction: it has what was
@@ -435,23 +386,23 @@ TEST_F(Almacen, RespaldarCopiaLoConfirmadoMientrasOtrosEscriben)
         MotorDirecto otro(familia.baseDatos());
         ASSERT_TRUE(otro.ejecutar("BEGIN IMMEDIATE; DELETE FROM DET; INSERT INTO CLAVES (Usuario, Tipo) VALUES ('OTRO', '1');"));
         const Corrida r = f931({QStringLiteral("respaldar"), copia, QStringLiteral("--base"), familia.baseDatos()});
-        ASSERT_EQ(r.codigo, 0) << r.error.toStdString();
+        ASSERT_EQ(r.codigo, 0) << r.error();
     }
     EXPECT_EQ(contenido(carpeta), QStringList{QStringLiteral("respaldo.db")});
     const int filas = contar(QStringLiteral("DET"));
     ASSERT_GT(filas, 5);
     const Corrida v = f931({QStringLiteral("verificar"), QStringLiteral("--base"), copia});
-    EXPECT_EQ(v.codigo, 0) << v.error.toStdString() << v.salida.toStdString();
+    EXPECT_EQ(v.codigo, 0) << v.error() << v.salida.toStdString();
     EXPECT_EQ(v.json().value(QStringLiteral("revisadas")).toInt(), filas + 1);
     const Corrida e = f931(QStringList{QStringLiteral("exportar")} + comunes(copia)
                            + QStringList{QStringLiteral("--ruc"), kRuc, QStringLiteral("--periodo"), kPeriodo});
-    EXPECT_EQ(e.codigo, 0) << e.error.toStdString();
+    EXPECT_EQ(e.codigo, 0) << e.error();
 
     const QByteArray antes = huella(copia);
     const Corrida otra = f931({QStringLiteral("respaldar"), copia, QStringLiteral("--base"), familia.baseDatos()});
     EXPECT_EQ(otra.codigo, 2);
-    EXPECT_EQ(otra.error.trimmed(), QStringLiteral("El archivo %1 ya existe; la copia no lo sobrescribe. Indique otro nombre.")
-                                        .arg(QDir::toNativeSeparators(copia)));
+    EXPECT_EQ(otra.errores, QStringList{QStringLiteral("El archivo %1 ya existe; la copia no lo sobrescribe. Indique otro nombre.")
+                                        .arg(QDir::toNativeSeparators(copia))});
     EXPECT_EQ(huella(copia), antes);
 }
 

@@ -7,11 +7,7 @@
 
 #include "cli/proceso.h"
 #include <QElapsedTimer>
-#include <QFile>
 #include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
 #include <QRandomGenerator>
 #include <QSqlQuery>
 #include <QThread>
@@ -25,32 +21,14 @@ namespace {
 
 const QString kRuc = DatosDemo::kRucAndina;
 const QString kPeriodo = QStringLiteral("202608");
-const QString kHoy = QStringLiteral("2026-11-22");
+
+QString escribirEntrada(const EntradaDeclaracion& e, const QString& nombre = QStringLiteral("entrada.json"))
+{
+    return escribirArchivo(json(e), nombre);
+}
 
 class Comandos : public PruebaConBase {
 protected:
-    QString escribirEntrada(const EntradaDeclaracion& e, const QString& nombre = QStringLiteral("entrada.json"))
-    {
-        QJsonObject casillas;
-        for (auto it = e.casillas.cbegin(); it != e.casillas.cend(); ++it)
-            casillas.insert(it.key(), it.value());
-        return escribir(QJsonObject{{QStringLiteral("ruc"), e.ruc}, {QStringLiteral("casillas"), casillas}}, nombre);
-    }
-
-    QString escribir(const QJsonObject& o, const QString& nombre)
-    {
-        const QString archivo = familia.carpeta() + nombre;
-        QFile f(archivo);
-        f.open(QIODevice::WriteOnly | QIODevice::Truncate);
-        f.write(QJsonDocument(o).toJson());
-        return archivo;
-    }
-
-    static QStringList comunes(const QString& base)
-    {
-        return {QStringLiteral("--base"), base, QStringLiteral("--hoy"), kHoy, QStringLiteral("--usuario"), DatosDemo::kAdmin};
-    }
-
     Corrida f931(const QString& comando, const QStringList& argumentos) { return ::f931(QStringList{comando} + argumentos); }
 
     Corrida importar(const QString& entrada, const QString& base)
@@ -75,7 +53,7 @@ TEST_F(Comandos, ValidarInformaEImportarGrabaLoQueValidarDijo)
     mala.casillas[QStringLiteral("532")] = QStringLiteral("401");
     const QString entrada = escribirEntrada(mala);
     Corrida r = f931(QStringLiteral("validar"), comunes(familia.baseDatos()) << entrada);
-    ASSERT_EQ(r.codigo, 0) << r.errores.join(QLatin1Char('\n')).toStdString();
+    ASSERT_EQ(r.codigo, 0) << r.error();
     EXPECT_EQ(r.json().value(QStringLiteral("estado")).toInt(-1), 9);
     EXPECT_EQ(r.json().value(QStringLiteral("inconsistencias")).toArray(),
               QJsonArray{QStringLiteral("El Total Activo debe ser igual a Total Pasivo + Patrimonio")});
@@ -83,7 +61,7 @@ TEST_F(Comandos, ValidarInformaEImportarGrabaLoQueValidarDijo)
     EXPECT_EQ(contar(QStringLiteral("CAB")), 0);
 
     const Corrida grabada = importar(entrada, familia.baseDatos());
-    ASSERT_EQ(grabada.codigo, 0) << grabada.errores.join(QLatin1Char('\n')).toStdString();
+    ASSERT_EQ(grabada.codigo, 0) << grabada.error();
     EXPECT_EQ(grabada.json().value(QStringLiteral("inconsistencias")), r.json().value(QStringLiteral("inconsistencias")));
     EXPECT_EQ(grabada.json().value(QStringLiteral("estado")).toInt(-1), escalar(QStringLiteral("SELECT ESTADO FROM CAB")).toInt());
     EXPECT_TRUE(textos(grabada.json()).last().startsWith(QStringLiteral("La información de la declaración fue grabada con")));
@@ -119,7 +97,7 @@ TEST_P(IdaYVueltaCli, ExportarEImportarDaLasMismasFilas)
     Corrida exportada = f931(QStringLiteral("exportar"), comunes(familia.baseDatos())
                                                                << QStringLiteral("--ruc") << kRuc
                                                                << QStringLiteral("--periodo") << kPeriodo);
-    ASSERT_EQ(exportada.codigo, 0) << exportada.errores.join(QLatin1Char('\n')).toStdString();
+    ASSERT_EQ(exportada.codigo, 0) << exportada.error();
     EXPECT_EQ(exportada.json().value(QStringLiteral("ruc")).toString(), kRuc);
     const QJsonObject casillas = exportada.json().value(QStringLiteral("casillas")).toObject();
     EXPECT_FALSE(casillas.contains(QStringLiteral("531")));   // computed: the form works it out
@@ -128,9 +106,9 @@ TEST_P(IdaYVueltaCli, ExportarEImportarDaLasMismasFilas)
 
     const QString otra = familia.carpeta() + QStringLiteral("otra.db");
     crearBaseDatos(otra, true);
-    const QString archivo = escribir(exportada.json(), QStringLiteral("exportada.json"));
+    const QString archivo = escribirArchivo(exportada.salida, QStringLiteral("exportada.json"));
     const Corrida r = importar(archivo, otra);
-    ASSERT_EQ(r.codigo, 0) << r.errores.join(QLatin1Char('\n')).toStdString();
+    ASSERT_EQ(r.codigo, 0) << r.error();
     QMap<QString, QString> reimportada;
     for (const QJsonValue& par : r.json().value(QStringLiteral("det")).toArray())
         reimportada.insert(par.toArray().at(0).toString(), par.toArray().at(1).toString());
@@ -187,13 +165,11 @@ TEST_F(Comandos, UnaGrabacionMatadaNoQuedaAMedias)
 
     int ausentes = 0, enteras = 0;
     for (int vez = 0; vez < 20; ++vez) {
-        QProcess p;
-        p.start(QStringLiteral(F931_BIN_F931), QStringList{QStringLiteral("importar")} << comunes(familia.baseDatos()) << entrada);
-        ASSERT_TRUE(p.waitForStarted());
+        const auto p = lanzar(QStringList{QStringLiteral("importar")} << comunes(familia.baseDatos()) << entrada);
         // The save comes last in a run: the moments lean towards the end of it.
         QThread::msleep(static_cast<unsigned long>(QRandomGenerator::global()->bounded(duracion / 3, duracion * 11 / 10 + 1)));
-        p.kill();
-        p.waitForFinished(30000);
+        p->kill();
+        p->waitForFinished(30000);
 
         const QStringList cab = volcado(QStringLiteral("CAB"), kPeriodo);
         const QStringList det = volcado(QStringLiteral("DET"), kPeriodo);

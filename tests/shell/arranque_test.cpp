@@ -5,8 +5,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QUuid>
 #include <gtest/gtest.h>
@@ -18,6 +16,9 @@
 #include "shell/ini.h"
 #include "store/base.h"
 #include "store/crear.h"
+#include "store/motor_directo.h"
+
+#include <optional>
 
 namespace {
 
@@ -127,38 +128,23 @@ TEST_P(FalloDeConexion, DiceBaseBloqueadaSinIconoYNoAbre)
     prepararFamilia(dir.path());
     pLeerIni();
     const QString base = G().gsBaseDatos;
-    const QString bloqueo = QStringLiteral("bloqueo_") + QUuid::createUuid().toString(QUuid::Id128);
-    switch (GetParam().dano) {
-    case Dano::Falta:
-        ASSERT_TRUE(QFile::remove(base));
-        break;
-    case Dano::Basura: {
+    const auto escribir = [&base](const QByteArray& bytes) {
         QFile f(base);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        f.write(QByteArray(8192, '\x5a'));
+        return f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(bytes) == bytes.size();
+    };
+    std::optional<MotorDirecto> otro;   // another program of the family at the file
+    switch (GetParam().dano) {
+    case Dano::Falta: ASSERT_TRUE(QFile::remove(base)); break;
+    case Dano::Basura: ASSERT_TRUE(escribir(QByteArray(8192, '\x5a'))); break;
+    case Dano::Vacia: ASSERT_TRUE(escribir({})); break;
+    case Dano::DeOtroPrograma:
+        ASSERT_TRUE(escribir({}));
+        ASSERT_TRUE(MotorDirecto(base).ejecutar("CREATE TABLE CLIENTES (ID INTEGER)"));
         break;
-    }
-    case Dano::Vacia:
-        ASSERT_TRUE(QFile::resize(base, 0));
+    case Dano::Bloqueada:
+        otro.emplace(base);
+        ASSERT_TRUE(otro->ejecutar("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE;")) << otro->error();
         break;
-    case Dano::DeOtroPrograma: {
-        ASSERT_TRUE(QFile::remove(base));
-        QSqlDatabase otra = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), bloqueo);
-        otra.setDatabaseName(base);
-        ASSERT_TRUE(otra.open());
-        ASSERT_TRUE(QSqlQuery(otra).exec(QStringLiteral("CREATE TABLE CLIENTES (ID INTEGER)")));
-        otra.close();
-        break;
-    }
-    case Dano::Bloqueada: {
-        QSqlDatabase otra = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), bloqueo);
-        otra.setDatabaseName(base);
-        ASSERT_TRUE(otra.open());
-        QSqlQuery q(otra);
-        ASSERT_TRUE(q.exec(QStringLiteral("PRAGMA locking_mode = EXCLUSIVE")));
-        ASSERT_TRUE(q.exec(QStringLiteral("BEGIN EXCLUSIVE")));
-        break;
-    }
     }
 
     QFile archivo(base);
@@ -178,11 +164,6 @@ TEST_P(FalloDeConexion, DiceBaseBloqueadaSinIconoYNoAbre)
     // A file that is not the family's database is left as it was.
     if (archivo.open(QIODevice::ReadOnly))
         EXPECT_EQ(archivo.readAll(), antes);
-
-    if (QSqlDatabase::contains(bloqueo)) {
-        QSqlDatabase::database(bloqueo).close();
-        QSqlDatabase::removeDatabase(bloqueo);
-    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Casos, FalloDeConexion,

@@ -89,8 +89,6 @@ TEST(LecturaIni, UnBufferDe255DevuelveA_LoSumo254Caracteres)
               QString(254, QLatin1Char('a')));
     EXPECT_EQ(GetPrivateProfileString(QStringLiteral("Options"), QStringLiteral("Corto"), QString(), archivo).size(),
               254);
-    EXPECT_EQ(GetPrivateProfileString(QStringLiteral("Options"), QStringLiteral("SysPath"), QString(), archivo, 11),
-              QStringLiteral("aaaaaaaaaa"));
 }
 
 struct CasoEscritura {

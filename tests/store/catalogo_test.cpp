@@ -30,27 +30,7 @@ TEST_F(Catalogo, CuentaLasFilasDeCadaCatalogo)
               QStringLiteral("2000-2026"));
 }
 
-struct CasoDescripcion {
-    QString (*funcion)(const QString&);
-    const char* codigo;
-    const char* esperado;
-};
-
-TEST_F(Catalogo, DescripcionesPorCodigo)
-{
-    const CasoDescripcion casos[] = {
-        {DescDepartamento, "15", "Lima"},
-        {DescDepartamento, "150101", "Lima"},     // only the first two characters count
-        {DescDepartamento, "02", "Áncash"},
-        {DescDepartamento, "99", ""},
-        {DescProvincia, "150101", "Lima"},        // the first four
-        {DescProvincia, "0101", "Chachapoyas"},
-        {DescDistrito, "010102", "Asunción"},
-        {DescDistrito, "0101", ""},               // the whole code
-    };
-    for (const CasoDescripcion& c : casos)
-        EXPECT_EQ(c.funcion(QString::fromUtf8(c.codigo)), QString::fromUtf8(c.esperado)) << c.codigo;
-}
+// The descriptions of geographic codes are read in the golden report files.
 
 TEST_F(Catalogo, UitDelUltimoAnhoNoPosteriorAlPeriodo)
 {
@@ -88,15 +68,20 @@ TEST_F(Catalogo, TiposDeDocumentoDelRepresentanteLegal)
     EXPECT_EQ(pLlenaTipoDoc(82, false), (QStringList{item("06", "RUC", "11 0 1"), item("01", "DNI", "08 0 1")}));
 }
 
+// Changes `n` characters of the document type's row from position `pos` (1-based).
+void cambiarTipo(const char* tipo, int pos, const QString& texto)
+{
+    ejecutar(QStringLiteral("UPDATE PARAM SET Funcion=substr(Funcion,1,%1) || ? || substr(Funcion,%2)"
+                            " WHERE Numero='044' AND Argumento=?")
+                 .arg(pos - 1)
+                 .arg(pos + texto.size()),
+             {texto, QString::fromLatin1(tipo)});
+}
+
 TEST_F(Catalogo, TipoConCeroEnLaPosicionNoAparece)
 {
-    // Turn off the DNI at 82, turn on the passport.
-    ejecutar(QStringLiteral("UPDATE PARAM SET Funcion=substr(Funcion,1,81) || ? || substr(Funcion,83)"
-                            " WHERE Numero='044' AND Argumento=?"),
-             {QStringLiteral("0"), QStringLiteral("1")});
-    ejecutar(QStringLiteral("UPDATE PARAM SET Funcion=substr(Funcion,1,81) || ? || substr(Funcion,83)"
-                            " WHERE Numero='044' AND Argumento=?"),
-             {QStringLiteral("1"), QStringLiteral("7")});
+    cambiarTipo("1", 82, QStringLiteral("0"));   // the DNI off at 82, the passport on
+    cambiarTipo("7", 82, QStringLiteral("1"));
     const QStringList items = pLlenaTipoDoc(82, false);
     ASSERT_EQ(items.size(), 2);
     EXPECT_TRUE(items.at(0).startsWith(QStringLiteral("06  -  RUC")));
@@ -107,12 +92,8 @@ TEST_F(Catalogo, TipoConCeroEnLaPosicionNoAparece)
 TEST_F(Catalogo, OrdenDePosiciones56y57ComoTexto)
 {
     // As text "10" comes before "9 ": the RUC goes first although 10 > 9.
-    ejecutar(QStringLiteral("UPDATE PARAM SET Funcion=substr(Funcion,1,55) || ? || substr(Funcion,58)"
-                            " WHERE Numero='044' AND Argumento=?"),
-             {QStringLiteral("9 "), QStringLiteral("1")});
-    ejecutar(QStringLiteral("UPDATE PARAM SET Funcion=substr(Funcion,1,55) || ? || substr(Funcion,58)"
-                            " WHERE Numero='044' AND Argumento=?"),
-             {QStringLiteral("10"), QStringLiteral("6")});
+    cambiarTipo("1", 56, QStringLiteral("9 "));
+    cambiarTipo("6", 56, QStringLiteral("10"));
     const QStringList items = pLlenaTipoDoc(82, false);
     ASSERT_EQ(items.size(), 2);
     EXPECT_TRUE(items.at(0).startsWith(QStringLiteral("06")));

@@ -77,16 +77,6 @@ TEST(CodigoFila, DesbordaConDoscientosCaracteresDeCodigo200)
 
 class CodigoFilaTabla : public PruebaConBase {};
 
-TEST_F(CodigoFilaTabla, UnaFilaLeidaDeLaBaseDaElMismoCodigo)
-{
-    ejecutar(QStringLiteral("INSERT INTO DET (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, CASILLA, I_VALOR, idcasilla)"
-                            " VALUES (?, ?, ?, ?, ?, ?, ?)"),
-             {6, DatosDemo::kRucAndina, "202605", "0931", "100", "1500", "01"});
-    QSqlQuery q = ejecutar(QStringLiteral("SELECT * FROM DET"));
-    ASSERT_TRUE(q.next());
-    EXPECT_EQ(CodigoFila(q.record(), 6), QStringLiteral("876637"));
-}
-
 // A DATE column comes back from the engine as the text "2026-11-21": the code of the stored
 // row counts it as the date it is, and a sealed row carries that code.
 TEST_F(CodigoFilaTabla, LaFechaGuardadaCuentaComoFecha)

@@ -1,9 +1,7 @@
-// General functions over the test database: spool counters, messages, user type, document
+// General functions over the test database: spool counters, a message, user type, document
 // rules, the taxpayer list, dates, and the deletion of whole declarations.
 #include "comun/base_prueba.h"
 
-#include "basic/errores.h"
-#include "family/cutilqvl.h"
 #include "shell/globales.h"
 #include "store/base.h"
 #include "store/funciones.h"
@@ -44,14 +42,9 @@ TEST_F(Funciones, SpoolSigueAlMayorExistente)
     EXPECT_EQ(escalar(QStringLiteral("SELECT max(Secuencia) FROM SPOOL")).toString(), QStringLiteral("000042"));
 }
 
-// ---- messages and user ----------------------------------------------------------------------
-
-TEST_F(Funciones, MensajesPorCodigo)
+// 152 needs no row of the message table.
+TEST_F(Funciones, MensajeDeGrabadaConInconsistenciasSinFila)
 {
-    EXPECT_EQ(MensajeError(151), QStringLiteral("La información de la declaración fue grabada satisfactoriamente."));
-    EXPECT_EQ(MensajeError(39), QStringLiteral("Debe seleccionar el Ubigeo."));
-    EXPECT_EQ(MensajeError(9999), QString());
-    // 152 needs no row.
     ejecutar(QStringLiteral("DELETE FROM ERROR"));
     EXPECT_EQ(MensajeError(152), QStringLiteral("La información de la declaración fue grabada con inconsistencias. "
                                                 "En estas condiciones no podra ser enviada a TAVEN."));
@@ -114,7 +107,6 @@ TEST_F(Funciones, ContribuyentesDeOtroUsuarioSoloLosSuyos)
     familia.comoUsuario(DatosDemo::kContador);
     const Sentencia s = sentenciaContribuyentes(QStringLiteral("0931"));
     EXPECT_EQ(s.valores, QVariantList{DatosDemo::kContador});
-    EXPECT_EQ(ComboContribuyentes(QStringLiteral("0931")), s.sql);
     const QStringList items = pCargaContrib();
     ASSERT_EQ(items.size(), 3);   // the DNI row of the same user stays out
     EXPECT_TRUE(items.at(0).startsWith(DatosDemo::kRucPersona));
@@ -134,14 +126,12 @@ TEST_F(Funciones, LongitudExactaDelRucFiltraLaLista)
     EXPECT_EQ(pCargaContrib().size(), 5);
     // Without the catalogue row, the constant row holds: length 11 but not exact.
     ejecutar(QStringLiteral("DELETE FROM PARAM WHERE Numero='044' AND Argumento='6'"));
-    EXPECT_FALSE(ComboContribuyentes(QStringLiteral("0931")).contains(QStringLiteral("length")));
     EXPECT_EQ(pCargaContrib().size(), 6);
-    EXPECT_TRUE(ComboContribuyentes(QStringLiteral("0675")).contains(QStringLiteral("Tipo_Ingreso=2")));
 }
 
-// ---- dates and counters (today is 22/11/2026) -----------------------------------------------
+// ---- dates (today is 22/11/2026) -------------------------------------------------------------
 
-TEST(FechasYContadores, FechaNoFutura)
+TEST(Fechas, FechaNoFutura)
 {
     const struct {
         const char* fecha;
@@ -152,57 +142,13 @@ TEST(FechasYContadores, FechaNoFutura)
         EXPECT_EQ(FechaNoFutura(QString::fromLatin1(c.fecha)), c.esperado) << c.fecha;
 }
 
-TEST(FechasYContadores, FechaTextoYSuma)
-{
-    EXPECT_EQ(FechaTexto(QStringLiteral("20130322")), QStringLiteral("22/03/2013"));
-    EXPECT_EQ(FechaTexto(QString()), QString());
-    qint16 n = 32766;
-    EXPECT_EQ(fSuma(n, 1), QStringLiteral("32767"));
-    EXPECT_THROW(fSuma(n, 1), ErrorVB);
-    EXPECT_EQ(n, 32767);   // unchanged by the overflow
-}
-
-TEST_F(Funciones, DemoConRucsValidos)
-{
-    for (const Demo::Contribuyente& c : Demo::contribuyentes())
-        if (c.tipoDoc == 6)
-            EXPECT_TRUE(gobjUtil().ValidaRuc(c.documento)) << c.documento.toStdString();
-}
-
-// ---- deletion of declarations ---------------------------------------------------------------
+// ---- deletion of a sent declaration (of a working one: the picker's tests) ----------------
 
 int filas(const char* tabla, const QString& ruc)
 {
     return escalar(QStringLiteral("SELECT count(*) FROM ") + QLatin1String(tabla) + QStringLiteral(" WHERE DOC_ID_D=?"),
                    {ruc})
         .toInt();
-}
-
-void declaracionTrabajo(const QString& ruc, const QString& periodo, const QString& formulario)
-{
-    const QVariantList k = {ruc, periodo, formulario};
-    ejecutar(QStringLiteral("INSERT INTO CAB (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO) VALUES (6, ?, ?, ?)"), k);
-    ejecutar(QStringLiteral("INSERT INTO DET (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO, CASILLA, I_VALOR)"
-                            " VALUES (6, ?, ?, ?, '100', '5')"), k);
-    ejecutar(QStringLiteral("INSERT INTO ACTA (TIP_DOC_D, DOC_ID_D, PERIODO, FORMULARIO) VALUES (6, ?, ?, ?)"), k);
-    ejecutar(QStringLiteral("INSERT INTO F0931_PTCEA (Tip_doc_d, Doc_id_d, Periodo, Formulario, Anho, Importe)"
-                            " VALUES (6, ?, ?, ?, '2025', '100')"), k);
-}
-
-TEST_F(Funciones, EliminarDeclaracionDeTrabajoSoloLaSuya)
-{
-    declaracionTrabajo(DatosDemo::kRucAndina, QStringLiteral("202605"), QStringLiteral("0931"));
-    declaracionTrabajo(DatosDemo::kRucAndina, QStringLiteral("202608"), QStringLiteral("0931"));
-    declaracionTrabajo(DatosDemo::kRucNorte, QStringLiteral("202605"), QStringLiteral("0931"));
-    declaracionTrabajo(DatosDemo::kRucNorte, QStringLiteral("202608"), QStringLiteral("0675"));
-    eliminarDeclaracion(DatosDemo::kRucAndina, QStringLiteral("202605"));
-    eliminarDeclaracion(DatosDemo::kRucNorte, QStringLiteral("202608"));   // another form: untouched
-    for (const char* t : {"CAB", "DET", "ACTA", "F0931_PTCEA"}) {
-        EXPECT_EQ(filas(t, DatosDemo::kRucAndina), 1) << t;
-        EXPECT_EQ(filas(t, DatosDemo::kRucNorte), 2) << t;
-    }
-    EXPECT_EQ(escalar(QStringLiteral("SELECT PERIODO FROM CAB WHERE DOC_ID_D=?"), {DatosDemo::kRucAndina}).toString(),
-              QStringLiteral("202608"));
 }
 
 TEST_F(Funciones, EliminarDeclaracionEnviadaPorCorrelativo)

@@ -103,6 +103,7 @@ private slots:
         QFile pdf(dialogos.archivoPdf);
         QVERIFY(pdf.open(QIODevice::ReadOnly));
         QCOMPARE(int(pdf.readAll().count("/Type /Page\n")), 3);   // pages 2 and 3, then the break after 3
+        QCOMPARE(escalar(QStringLiteral("SELECT count(*) FROM SPOOL")).toInt(), 2);   // one spool file a request
 
         instalarDestinoImpresion({});
         instalarDialogosImpresion(nullptr);

@@ -200,7 +200,7 @@ private slots:
             auto* vista = qobject_cast<Frm931Vista*>(frm);
             QVERIFY(vista);
             usuario::elegirLinea(vista, QStringLiteral("CmbRuc"),
-                                 usuario::lineaQueEmpieza(G().gfrmDeclaracion->CmbRuc, DatosDemo::kRucAndina));
+                                 frm->findChild<QComboBox*>(QStringLiteral("CmbRuc"))->findText(DatosDemo::kRucAndina, Qt::MatchStartsWith));
             usuario::teclear(vista, QStringLiteral("TxtTelefono"), QStringLiteral("4445555"));
             for (const char* opcion : {"optRenta(0)", "OptPersona(0)", "OptInicio(0)", "OptPrecedente(0)", "OptAnterior(0)"})
                 usuario::clic(vista, QString::fromLatin1(opcion));
