@@ -209,11 +209,6 @@ int paginasPdf(const QString& archivo)
     return int(QString::fromLatin1(f.readAll()).count(QRegularExpression(QStringLiteral("/Type\\s*/Page[^s]"))));
 }
 
-class SinImpresora : public DestinoImpresion {
-public:
-    QPagedPaintDevice& dispositivo() override { throw ErrorVB(482, QStringLiteral("x")); }
-};
-
 class ImpresionConsist : public PruebaConBase {};
 
 TEST_F(ImpresionConsist, PaginasSobreElDispositivo)
@@ -235,23 +230,16 @@ TEST_F(ImpresionConsist, PaginasSobreElDispositivo)
     }
 }
 
-TEST_F(ImpresionConsist, FallosPorCuadroTituladoImpresion)
+// No message file: a box titled as the print's (no printer: the viewer's test).
+TEST_F(ImpresionConsist, SinArchivoUnCuadroTituladoImpresion)
 {
-    // No printer.
-    escribir(G().gsArchMens, "uno\n");
-    SinImpresora sin;
-    pImprimeConsist(&sin);
-    // No message file.
     QFile::remove(G().gsArchMens);
     DestinoPdf destino(familia.carpeta() + QStringLiteral("x.pdf"));
     pImprimeConsist(&destino);
-
     const auto& m = familia.respondedor().mostrados;
-    ASSERT_EQ(m.size(), 2);
-    EXPECT_EQ(m[0].texto, QStringLiteral("No existe una impresora seleccionada.Verifique."));
-    EXPECT_EQ(m[1].texto, QStringLiteral("Error Técnico : ( 53) No se encontró el archivo"));
-    for (const auto& x : m)
-        EXPECT_EQ(x.titulo, QStringLiteral("Impresión"));
+    ASSERT_EQ(m.size(), 1);
+    EXPECT_EQ(m[0].texto, QStringLiteral("Error Técnico : ( 53) No se encontró el archivo"));
+    EXPECT_EQ(m[0].titulo, QStringLiteral("Impresión"));
 }
 
 }  // namespace

@@ -6,39 +6,28 @@
 
 #include "basic/msgbox.h"
 #include "basic/reloj.h"
-#include "dialogs/anexo477.h"
 #include "form931/frm931.h"
+#include "form931/guion.h"
 #include "shell/globales.h"
 
 #include <QStringList>
 #include <gtest/gtest.h>
 #include <memory>
 
-// The windows around the form: the annex takes the parts given; the picker returns a code.
-class EntornoPrueba : public EntornoFrm931 {
+// The surroundings without a screen, counting the annexes opened and noting the caption the
+// geographic picker is opened with.
+class EntornoPrueba : public EntornoSinPantalla {
 public:
     void abrirAnexo477(Frm931& frm, int nCasilla) override
     {
         ++anexosAbiertos;
-        FrmAnexo477 anexo(frm);
-        anexo.nCasilla = static_cast<qint16>(nCasilla);
-        anexo.Form_Load();
-        if (!partes.contains(nCasilla)) {
-            anexo.cmdCancelar_Click();
-            return;
-        }
-        anexo.setMonto(0, partes[nCasilla].first);
-        anexo.setMonto(1, partes[nCasilla].second);
-        anexo.CmdGrabar_Click();
+        EntornoSinPantalla::abrirAnexo477(frm, nCasilla);
     }
     void abrirUbigeo(const QString& caption) override
     {
         captionUbigeo = caption;
-        if (!ubigeo.isEmpty())
-            G().gsUbigeoSel = ubigeo;
+        EntornoSinPantalla::abrirUbigeo(caption);
     }
-    QMap<int, QPair<QString, QString>> partes;
-    QString ubigeo;
     QString captionUbigeo;
     int anexosAbiertos = 0;
 };

@@ -134,7 +134,7 @@ TEST_P(Coeficiente, Casilla610)
             f().marcar(f().OptAnterior, c.pago == Pago::UtilidadUtilidad ? 0 : 1);
     }
     for (const auto& [n, partes] : c.anexo)
-        entorno.partes[n] = {QString::fromLatin1(partes.first), QString::fromLatin1(partes.second)};
+        entorno.partesAnexo[n] = {QString::fromLatin1(partes.first), QString::fromLatin1(partes.second)};
     for (const auto& [n, texto] : c.tecleado)
         escribir(n, QString::fromLatin1(texto));
     EXPECT_EQ(t(610), QString::fromLatin1(c.c610));

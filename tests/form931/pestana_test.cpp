@@ -103,7 +103,8 @@ const CasoPestana kCasos[] = {
 INSTANTIATE_TEST_SUITE_P(Reglas, Pestana, ::testing::ValuesIn(kCasos),
                          [](const auto& i) { return std::string(i.param.nombre); });
 
-// Leaving the identification with a fault keeps the user there, on the page of the control.
+// Leaving the identification with a fault keeps the user there, on the inner page of the
+// control (a change that passes, and the one refused for want of a taxpayer, are the scenarios').
 TEST_F(FormularioNuevo, CambioDePestanaConFalta)
 {
     abrir();
@@ -113,21 +114,12 @@ TEST_F(FormularioNuevo, CambioDePestanaConFalta)
     EXPECT_EQ(f().SSTab1.Tab, 0);
     EXPECT_EQ(f().SSTab2.Tab, 1);
     EXPECT_EQ(f().foco, QStringLiteral("OptPersona"));
-    f().marcar(f().OptPersona, 1);
-    f().elegirPestana(f().SSTab1, 2);
-    EXPECT_EQ(f().SSTab1.Tab, 2);
-    EXPECT_EQ(f().mnTab, 2);
-    EXPECT_EQ(f().foco, QStringLiteral("TxtValor(103)"));
-    EXPECT_EQ(mensajes().size(), 1);
 }
 
-// The inner tab of the identification asks for a taxpayer, a telephone and a regime first.
+// The inner tab of the identification asks for a telephone and a regime first.
 TEST_F(FormularioNuevo, SegundaPestanaDeIdentificacion)
 {
     abrir();
-    f().elegirPestana(f().SSTab2, 1);
-    EXPECT_EQ(mensajes(), QStringList{QStringLiteral("Debe seleccionar un Contribuyente.")});
-    EXPECT_EQ(f().SSTab2.Tab, 0);
     contribuyente();
     f().escribirControl(QStringLiteral("TxtTelefono"), QStringLiteral("12"));
     f().elegirPestana(f().SSTab2, 2);
@@ -140,7 +132,7 @@ TEST_F(FormularioNuevo, SegundaPestanaDeIdentificacion)
     f().marcar(f().optRenta, 3);
     f().elegirPestana(f().SSTab2, 1);
     EXPECT_EQ(f().SSTab2.Tab, 1);
-    EXPECT_EQ(mensajes().size(), 3);
+    EXPECT_EQ(mensajes().size(), 2);
 }
 
 }  // namespace

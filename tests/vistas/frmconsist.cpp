@@ -1,4 +1,5 @@
-// The inconsistency viewer on the screen: what it shows, and what its two ways out answer.
+// The inconsistency viewer on the screen: what it shows, its print without a printer, and a
+// missing file. (Opened modal by "Validar" and closed by "&Aceptar": the declaration scenario.)
 #include "comun/base_prueba.h"
 
 #include "basic/errores.h"
@@ -53,27 +54,11 @@ private slots:
         QCOMPARE(v.TxtPreliminar->font().family(), QStringLiteral("Courier New"));
         QCOMPARE(v.CmdGrabar->text(), QStringLiteral("&Aceptar"));
         QCOMPARE(v.cmdImprimir->text(), QStringLiteral("&Imprimir"));
-        QVERIFY(G().gbConsistAbierto);
 
         // Typing changes nothing.
         v.TxtPreliminar->setFocus();
         QTest::keyClicks(v.TxtPreliminar, QStringLiteral("xyz"));
         QCOMPARE(v.TxtPreliminar->toPlainText(), QString::fromUtf8(contenido));
-    }
-
-    void cerrarPorLaVentanaNoResponde()
-    {
-        FamiliaPrueba familia;
-        escribirMens("uno\n");
-        FrmConsist modelo;
-        modelo.Form_Load();
-        VistaFrmConsist v(modelo);
-        v.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&v));
-        v.close();
-        QVERIFY(!v.isVisible());
-        QCOMPARE(G().gsRespConsist, QString());
-        QVERIFY(!G().gbConsistAbierto);
     }
 
     void imprimirSinImpresoraAvisaYSigueAbierta()
@@ -89,29 +74,10 @@ private slots:
         QVERIFY(QTest::qWaitForWindowExposed(&v));
         QTest::mouseClick(v.cmdImprimir, Qt::LeftButton);
         QVERIFY(v.isVisible());
-        QVERIFY(G().gbConsistAbierto);
         const auto& m = familia.respondedor().mostrados;
         QCOMPARE(m.size(), 1);
         QCOMPARE(m[0].texto, QStringLiteral("No existe una impresora seleccionada.Verifique."));
         QCOMPARE(m[0].titulo, QStringLiteral("Impresión"));
-    }
-
-    void abrirEsModalYSeCierraConAceptar()
-    {
-        FamiliaPrueba familia;
-        escribirMens("Debe señalar el regimen de renta\n");
-        bool visto = false;
-        QTimer::singleShot(0, [&] {
-            auto* v = qobject_cast<VistaFrmConsist*>(QApplication::activeModalWidget());
-            if (!v)
-                return;
-            visto = v->isModal() && v->TxtPreliminar->toPlainText().startsWith(QStringLiteral("Debe"));
-            QTest::mouseClick(v->CmdGrabar, Qt::LeftButton);
-        });
-        abrirFrmConsist(nullptr);
-        QVERIFY(visto);
-        QCOMPARE(G().gsRespConsist, QStringLiteral("A"));
-        QVERIFY(!G().gbConsistAbierto);
     }
 
     void abrirSinArchivoDiceElErrorYNoAbre()
@@ -119,7 +85,6 @@ private slots:
         FamiliaPrueba familia;
         QFile::remove(G().gsArchMens);
         abrirFrmConsist(nullptr);
-        QVERIFY(!G().gbConsistAbierto);
         const auto& m = familia.respondedor().mostrados;
         QCOMPARE(m.size(), 1);
         QCOMPARE(m[0].texto, QStringLiteral("No se encontró el archivo\n 53"));

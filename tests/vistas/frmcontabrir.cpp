@@ -262,7 +262,6 @@ private slots:
     {
         QTest::addColumn<bool>("otroPeriodoAntes");
         QTest::addColumn<bool>("borradaEntretanto");
-        QTest::newRow("sesion nueva") << false << false;
         QTest::newRow("tras abrir otro periodo") << true << false;
         QTest::newRow("copia borrada entretanto") << false << true;
     }
