@@ -277,6 +277,14 @@ VentanaAyuda::VentanaAyuda(const QString& primera, QWidget* padre) : QDialog(pad
     texto->setAccessibleName(QStringLiteral("Página de ayuda"));
     texto->setOpenExternalLinks(false);
     texto->setSearchPaths({carpeta});
+    // One look for every page, the family's own first page included.
+    texto->document()->setDefaultStyleSheet(QStringLiteral(
+        " body { font-family: sans-serif; font-size: 10pt; }\n"
+        " h1 { font-size: 15pt; color: #16406b; }\n"
+        " h2 { font-size: 12pt; color: #16406b; margin-top: 18px; }\n"
+        " td, th { padding: 2px 6px; vertical-align: top; }\n"
+        " th { background: #dde8f3; text-align: left; }\n"
+        " .nota { background: #fff8d8; padding: 4px; }\n"));
 
     cmdAtras = new QPushButton(QStringLiteral("&Atrás"), this);
     cmdAtras->setObjectName(QStringLiteral("cmdAtras"));
