@@ -20,18 +20,11 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMap>
-#include <QSet>
 #include <QSqlQuery>
 
 #include <cstdio>
 
 namespace {
-
-// Items without a box that a user answers or types, as stored.
-const QSet<int> kSinCaja = {28, 56, 813, 200, 809, 810, 860, 811, 812, 601, 602, 603, 804, 224,
-                            605, 606, 607, 611, 612, 613, 815, 816, 817, 818};
-// Boxes typed as text.
-const QSet<int> kTextos = {209, 211, 212, 225, 226};
 
 // Bare digits of a stored amount ("-1234" -> "1234").
 QString digitos(const QString& valor)
@@ -69,25 +62,31 @@ QJsonObject exportar(const QString& ruc, const QString& periodo)
         const QString& v = it.value();
         if (v.isEmpty())
             continue;
-        if (kSinCaja.contains(n)) {
+        const DefCasilla* d = defCasilla(n);
+        switch (d ? d->exportacion : Exportacion::No) {
+        case Exportacion::No:
+            break;
+        case Exportacion::Tal:
             poner(n, v);
-        } else if (n == 608) {
+            break;
+        case Exportacion::Indice:
             if (Val(v) >= 0)
                 poner(n, v);
-        } else if (kTextos.contains(n)) {
-            poner(n, v);
-        } else if (n == 208) {
+            break;
+        case Exportacion::Digitos:
             poner(n, digitos(v));
-        } else if (n == 473 || n == 477) {
+            break;
+        case Exportacion::Partes: {
             // Given by its parts; a total stored without them stands for its first part.
-            const int parte = n == 473 ? 650 : 432;
-            if (!guardado.contains(parte) && !guardado.contains(parte + 1))
-                poner(parte, digitos(v));
-        } else if (n == 113) {
+            const QVector<int> partes = partesDelAnexo(n);
+            if (!guardado.contains(partes.value(0)) && !guardado.contains(partes.value(1)))
+                poner(partes.value(0), digitos(v));
+            break;
+        }
+        case Exportacion::SiConvenio:
             if (convenio)
                 poner(n, digitos(v));
-        } else if (existeCasilla(n) && !esCalculada(n)) {
-            poner(n, digitos(v));
+            break;
         }
     }
     QJsonObject salida;

@@ -56,15 +56,8 @@ bool valorVacio(const QString& valor)
 // as the Amazonian district (812) always was.
 bool seGuardaComoTexto(int casilla)
 {
-    switch (casilla) {
-    case 200: case 209: case 225: case 15: case 812: case 220: case 224:
-    case 211: case 212: case 226: case 721:
-    case 611: case 612: case 613:
-    case 2: case 7: case 28: case 603:
-        return true;
-    default:
-        return false;
-    }
+    const DefCasilla* d = defCasilla(casilla);
+    return d && d->grabacion == Grabacion::Texto;
 }
 
 // The value of i_valor for a casilla of a declaration of the given period.
@@ -72,7 +65,7 @@ QString valorGuardado(int casilla, const QString& valor, const QString& periodo)
 {
     if (seGuardaComoTexto(casilla))
         return valor;
-    if (casilla == 610) {
+    if (const DefCasilla* d = defCasilla(casilla); d && d->grabacion == Grabacion::Coeficiente) {
         if (Val(Left(periodo, 4)) >= 2013)
             return Format(valor, kCoeficiente);
         const QString& sistema = G().gsSistema;
@@ -92,26 +85,13 @@ QString valorGuardado(int casilla, const QString& valor, const QString& periodo)
 // stored negative by the next save, so it comes back as it was typed.
 bool vuelveEntreParentesis(int casilla)
 {
-    switch (casilla) {
-    case 101: case 105: case 107: case 108: case 111: case 251: case 252:
-    case 467: case 468: case 469: case 471: case 472: case 478: case 480: case 483:
-    case 485: case 486: case 489: case 490: case 493: case 508: case 517: case 524:
-    case 527: case 528: case 551: case 553:
-    case 117: case 128: case 428: case 453: case 455:
-        return true;
-    default:
-        return false;
-    }
+    return esParentesis(casilla) && !tieneMarca(casilla, kConSigno);
 }
 
 bool vuelveComoTotal(int casilla)
 {
-    switch (casilla) {
-    case 253: case 543: case 554: case 555: case 430: case 442: case 458:
-        return true;
-    default:
-        return false;
-    }
+    const DefCasilla* d = defCasilla(casilla);
+    return d && d->presentacion == Presentacion::Totales;
 }
 
 // The index an option answer or a list index is stored as ("0", "1", ...); -1 when it names

@@ -338,7 +338,7 @@ int Frm931::TxtValor_KeyPress(int Index, int KeyAscii)
     if (gobjUtil().TeclaNumero(KeyAscii, false, false, false) == 0) {
         if (KeyAscii == 13)
             navegarEnter(Index, true);
-        if (Index != 226 && Index != 473 && Index != 477)
+        if (Index != 226 && !esAsistida(Index))
             KeyAscii = 0;
     }
     // Only keys kept above reach here still as Enter (226, 473, 477); the second navigation
@@ -363,7 +363,7 @@ int Frm931::TxtValor_KeyPress(int Index, int KeyAscii)
         const bool alfanumerico = a.size() < 2 || Val(a[1]) == 0;
         if (!(digito || KeyAscii == 8 || (alfanumerico && letra)))
             KeyAscii = 0;
-    } else if (Index == 473 || Index == 477) {
+    } else if (esAsistida(Index)) {
         // The amount of these boxes is made in their annex: the key never reaches the box.
         const QChar k(KeyAscii);
         if ((k >= QLatin1Char('0') && k <= QLatin1Char('9')) || KeyAscii == 13)
@@ -380,7 +380,7 @@ int Frm931::TxtValor_KeyDownTecla(int Index, int KeyCode, int Shift)
     // nothing can be pasted; the model holds no clipboard, the view does that part.
     if ((KeyCode == 45 && (Shift & 1)) || KeyCode == 93)
         return KeyCode;
-    if ((Index == 473 || Index == 477) && KeyCode == 46)
+    if (esAsistida(Index) && KeyCode == 46)
         return 0;
     return KeyCode;
 }
@@ -392,7 +392,7 @@ void Frm931::TxtValor_KeyDown(int Index, int KeyCode, int Shift)
 
 void Frm931::TxtValor_DblClick(int Index)
 {
-    if (Index == 473 || Index == 477)
+    if (esAsistida(Index))
         abrirAnexo(Index);
 }
 

@@ -10,6 +10,8 @@
 
 #include <QHash>
 
+#include <algorithm>
+
 namespace {
 
 GrupoOpciones grupo(std::initializer_list<QString> captions)
@@ -68,38 +70,42 @@ const QVector<Parada>& paradas()
         add(QStringLiteral("txtNumRes"), 0, s2, 2, {QStringLiteral("FrameSusPC")});
         add(QStringLiteral("mkefecnot"), 0, s2, 2, {QStringLiteral("FrameSusPC")});
         // Financial statements: assets on two stops of the scroller, liabilities and equity,
-        // profit and loss.
-        for (int n = 500; n <= 515; ++n)
-            add(casilla(n), 1, s3, 0, {QStringLiteral("frame1(1)"), QStringLiteral("Frame26")});
-        for (int n = 516; n <= 531; ++n)
-            add(casilla(n), 1, s3, 0, {QStringLiteral("frame1(1)"), QStringLiteral("Frame34")});
-        for (int n = 532; n <= 543; ++n)
-            add(casilla(n), 1, s3, 1, {QStringLiteral("frame1(6)"), QStringLiteral("Frame35")});
-        for (int n = 544; n <= 555; ++n)
-            add(casilla(n), 1, s3, 1, {QStringLiteral("frame1(6)"), QStringLiteral("Frame36")});
-        for (int n : {461, 462, 463, 464, 466, 467, 468, 469, 470, 471, 472, 473, 475, 476, 477, 478,
-                      480, 481, 483, 484, 485, 486, 487, 489, 490, 492, 493})
-            add(casilla(n), 1, s3, 2, {QStringLiteral("frame1(7)")});
-        // Determination of the new coefficient, and the MYPE projection.
-        for (int n : {100, 101, 103, 105, 106, 107, 108, 150, 110, 111, 113, 610})
-            add(casilla(n), 2, QString(), -1, {QStringLiteral("frame1(2)")});
-        for (int n : {250, 251, 252, 253})
-            add(casilla(n), 2, QString(), -1, {QStringLiteral("frame1(2)"), QStringLiteral("frmMype")});
-        // Complementary information: accountant, legal representative, losses.
-        const QStringList contador{QStringLiteral("frame1(3)"), QStringLiteral("frame1(5)"), QStringLiteral("Frame6")};
-        const QStringList representante{QStringLiteral("frame1(3)"), QStringLiteral("frame1(5)"), QStringLiteral("Frame7")};
-        add(QStringLiteral("TxtNombreA"), 3, s4, 0, contador);
-        add(QStringLiteral("TxtNombreN"), 3, s4, 0, contador);
-        add(casilla(208), 3, s4, 0, contador);
-        add(QStringLiteral("CmbZona"), 3, s4, 0, contador);
-        add(casilla(209), 3, s4, 0, contador);
-        add(casilla(211), 3, s4, 0, contador);
-        add(casilla(212), 3, s4, 0, contador);
-        add(QStringLiteral("txtApellidoRL"), 3, s4, 0, representante);
-        add(QStringLiteral("txtNombreRL"), 3, s4, 0, representante);
-        add(QStringLiteral("cboTipDocRepLegal"), 3, s4, 0, representante);
-        add(casilla(225), 3, s4, 0, representante);
-        add(casilla(226), 3, s4, 0, representante);
+        // profit and loss; the determination of the new coefficient, and the MYPE projection;
+        // the accountant and the legal representative. Each box stands after the list that
+        // fills it.
+        const struct {
+            const char* marco;
+            int pagina;
+            const char* sub;
+            int paginaSub;
+            QStringList marcos;
+            QStringList antes;
+        } marcosCasillas[] = {
+            {"Frame26", 1, "SSTab3", 0, {QStringLiteral("frame1(1)"), QStringLiteral("Frame26")}, {}},
+            {"Frame34", 1, "SSTab3", 0, {QStringLiteral("frame1(1)"), QStringLiteral("Frame34")}, {}},
+            {"Frame35", 1, "SSTab3", 1, {QStringLiteral("frame1(6)"), QStringLiteral("Frame35")}, {}},
+            {"Frame36", 1, "SSTab3", 1, {QStringLiteral("frame1(6)"), QStringLiteral("Frame36")}, {}},
+            {"frame1(7)", 1, "SSTab3", 2, {QStringLiteral("frame1(7)")}, {}},
+            {"frame1(2)", 2, "", -1, {QStringLiteral("frame1(2)")}, {}},
+            {"frmMype", 2, "", -1, {QStringLiteral("frame1(2)"), QStringLiteral("frmMype")}, {}},
+            {"Frame6", 3, "SSTab4", 0, {QStringLiteral("frame1(3)"), QStringLiteral("frame1(5)"), QStringLiteral("Frame6")},
+             {QStringLiteral("TxtNombreA"), QStringLiteral("TxtNombreN")}},
+            {"Frame7", 3, "SSTab4", 0, {QStringLiteral("frame1(3)"), QStringLiteral("frame1(5)"), QStringLiteral("Frame7")},
+             {QStringLiteral("txtApellidoRL"), QStringLiteral("txtNombreRL")}},
+        };
+        for (const auto& m : marcosCasillas) {
+            const QString sub = QString::fromLatin1(m.sub);
+            for (const QString& c : m.antes)
+                add(c, m.pagina, sub, m.paginaSub, m.marcos);
+            QVector<const DefCasilla*> cajas = casillasDelMarco(m.marco);
+            // In the form's order, which is the table's.
+            std::sort(cajas.begin(), cajas.end(), [](const DefCasilla* a, const DefCasilla* b) { return a < b; });
+            for (const DefCasilla* d : cajas) {
+                if (*d->control)
+                    add(QString::fromLatin1(d->control), m.pagina, sub, m.paginaSub, m.marcos);
+                add(casilla(d->numero), m.pagina, sub, m.paginaSub, m.marcos);
+            }
+        }
         for (int i = 0; i < 3; ++i)
             add(QStringLiteral("cmdPerdida(%1)").arg(i), 3, s4, 1, {QStringLiteral("frame1(3)"), QStringLiteral("Frame2")});
         // Outside the tabs.
@@ -159,33 +165,19 @@ void Frm931::crearControles()
     for (int n : ordenCasillas()) {
         const DefCasilla* d = defCasilla(n);
         Caja c;
-        switch (d->tipo) {
-        case TipoCasilla::Calculada:
+        c.MaxLength = d->largo;
+        if (d->tipo == TipoCasilla::Calculada) {
             c.BackColor = kGris;
             c.Locked = (n != 113);
-            c.MaxLength = 18;
-            break;
-        case TipoCasilla::Asistente:
-            c.BackColor = (n == 477) ? kAsistente : kBlanco;
-            c.MaxLength = 15;
-            break;
-        case TipoCasilla::Texto:
-            c.MaxLength = 12;
-            break;
-        case TipoCasilla::Entrada:
-            c.MaxLength = esParentesis(n) ? 17 : 15;
-            break;
         }
+        if (n == 477)
+            c.BackColor = kAsistente;
+        // The carriers of the annex stand below the visible part of their page.
+        c.Visible = qstrcmp(d->marco, "portadores") != 0;
         TxtValor.insert(n, c);
     }
-    // The carriers of the annex stand below the visible part of their page.
-    for (int n : {432, 433, 650, 651})
-        TxtValor[n].Visible = false;
-    TxtValor[208].MaxLength = 11;
-    TxtValor[226].MaxLength = 8;
     // The accountant's zone code is taken from CmbZona, never typed.
     TxtValor[209].Locked = true;
-    TxtValor[209].MaxLength = 2;
 
     // Identification.
     TxtNumRuc.Locked = true;

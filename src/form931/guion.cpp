@@ -12,31 +12,20 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonParseError>
-#include <QSet>
 
 namespace {
 
-// Items of the declaration that have no box, as the input may carry them.
-const QStringList& codigosSinCaja()
+// The code of an item without a box of the given kind (SinCaja: the input may carry it;
+// Derivada: a stored declaration carries it, the form derives it itself and it is not typed).
+bool esCodigoDeTipo(const QString& codigo, TipoCasilla tipo)
 {
-    static const QStringList lista = {
-        QStringLiteral("028"), QStringLiteral("056"), QStringLiteral("813"), QStringLiteral("200"),
-        QStringLiteral("809"), QStringLiteral("810"), QStringLiteral("860"), QStringLiteral("811"),
-        QStringLiteral("812"), QStringLiteral("601"), QStringLiteral("602"), QStringLiteral("603"),
-        QStringLiteral("804"), QStringLiteral("224"), QStringLiteral("605"), QStringLiteral("606"),
-        QStringLiteral("607"), QStringLiteral("608"), QStringLiteral("611"), QStringLiteral("612"),
-        QStringLiteral("613"), QStringLiteral("815"), QStringLiteral("816"), QStringLiteral("817"),
-        QStringLiteral("818")};
-    return lista;
-}
-
-// Items that a stored declaration carries but that the form derives itself: accepted so that a
-// declaration read back from the store replays, and not typed.
-const QStringList& codigosDerivados()
-{
-    static const QStringList lista = {QStringLiteral("002"), QStringLiteral("007"), QStringLiteral("801"),
-                                      QStringLiteral("609"), QStringLiteral("662"), QStringLiteral("721")};
-    return lista;
+    if (codigo.size() != 3)
+        return false;
+    for (const QChar c : codigo)
+        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
+            return false;
+    const DefCasilla* d = defCasilla(codigo.toInt());
+    return d && d->tipo == tipo;
 }
 
 // A value refused by its box, with the reason.
@@ -312,17 +301,14 @@ private:
 
     void importes()
     {
-        static const QSet<int> partes = {432, 433, 650, 651};
-        static const QSet<int> textos = {208, 209, 211, 212, 225, 226};
         for (int n : frm.mvCasillas) {
-            if (partes.contains(n) || textos.contains(n))
+            // The annex parts go with their box, the texts with the complementary data.
+            const DefCasilla* d = defCasilla(n);
+            if (qstrcmp(d->marco, "portadores") == 0 || d->clase != ClaseDato::Importe)
                 continue;
-            if (n == 473) {
-                asistente(473, 650, 651);
-                continue;
-            }
-            if (n == 477) {
-                asistente(477, 432, 433);
+            if (esAsistida(n)) {
+                const QVector<int> partes = partesDelAnexo(n);
+                asistente(n, partes.value(0), partes.value(1));
                 continue;
             }
             const QString codigo = codigoCasilla(n);
@@ -380,10 +366,10 @@ private:
 
 bool codigoDeEntrada(const QString& codigo, bool* derivado)
 {
-    const bool esDerivado = codigosDerivados().contains(codigo);
+    const bool esDerivado = esCodigoDeTipo(codigo, TipoCasilla::Derivada);
     if (derivado)
         *derivado = esDerivado;
-    if (esDerivado || codigosSinCaja().contains(codigo))
+    if (esDerivado || esCodigoDeTipo(codigo, TipoCasilla::SinCaja))
         return true;
     if (codigo.size() != 3)
         return false;

@@ -5,6 +5,7 @@
 #include "basic/msgbox.h"
 #include "basic/texto.h"
 #include "family/cutilqvl.h"
+#include "form931/casillas.h"
 #include "reports/spool.h"
 #include "shell/globales.h"
 #include "store/base.h"
@@ -15,21 +16,12 @@
 #include <QSqlRecord>
 #include <QVariant>
 
-#include <initializer_list>
 #include <new>
 
 namespace {
 
 // ---------------------------------------------------------------------------------------------
 // Loading.
-
-// Casillas that also go to named texts.
-bool esNombrada(int c)
-{
-    return c == 5 || c == 28 || c == 200 || c == 223 || (c >= 601 && c <= 610) || c == 802 || c == 803
-           || c == 804 || c == 807 || c == 809 || c == 810 || c == 811 || c == 813 || c == 815 || c == 816
-           || c == 817 || c == 818 || c == 860;
-}
 
 QString texto(const QVariant& v) { return v.isNull() ? QString() : v.toString(); }
 
@@ -84,7 +76,8 @@ void pConsulta()
                 continue;
             const QString valor = texto(q.value(1));
             g.gaCasillas[casilla] = valor;
-            if (!esNombrada(casilla))
+            // Casillas that also go to named texts.
+            if (!tieneMarca(casilla, kNombrada))
                 continue;
             g.gaNombradasRpt.insert(casilla, valor);
             if (casilla == 28)
@@ -196,23 +189,19 @@ constexpr Pagina::Columnas kResultados{300, 150, 6000, 6050, 6000, 6400, 6500, 6
 constexpr Pagina::Columnas kImpuesto{300, 150, 11000, 8550, 8500, 8900, 9000, 8900, 11000};
 constexpr Pagina::Columnas kAnexo{250, 150, 8500, 8520, 8500, 8900, 9100, 8900, 11000};
 
-struct Fila {
-    const char* etiqueta;
-    int casilla;
-};
-
-void filas(Pagina& p, const Pagina::Columnas& columnas, std::initializer_list<Fila> lista)
+// The lines of the boxes of a block of the printed declaration, with the report's labels.
+void filas(Pagina& p, const Pagina::Columnas& columnas, BloqueInforme bloque)
 {
-    for (const Fila& f : lista)
-        p.fila(columnas, QString::fromUtf8(f.etiqueta), QString::number(f.casilla), FiguraInforme(casilla(f.casilla)));
+    for (const DefCasilla* d : casillasDelBloque(bloque))
+        p.fila(columnas, QString::fromUtf8(d->etiquetaInforme), QString::number(d->numero), FiguraInforme(casilla(d->numero)));
 }
 
-void filasAnexo(Pagina& p, std::initializer_list<Fila> lista)
+void filasAnexo(Pagina& p, BloqueInforme bloque)
 {
-    for (const Fila& f : lista) {
-        const QString v = casilla(f.casilla);
+    for (const DefCasilla* d : casillasDelBloque(bloque)) {
+        const QString v = casilla(d->numero);
         const QString figura = RellenaIzq(Format(v, Mascara::Totales), Val(v) < 0 ? 16 : 15);
-        p.fila(kAnexo, QString::fromUtf8(f.etiqueta), QString::number(f.casilla), figura);
+        p.fila(kAnexo, QString::fromUtf8(d->etiquetaInforme), QString::number(d->numero), figura);
     }
 }
 
@@ -351,77 +340,21 @@ void pHojaActivo(qint16 hoja)
     p.avanza();
     texto(8750, p.y, FechaBalance(G().gsPeriodoRpt), false, cuerpo(), hoja);
     p.avanza();
-    filas(p, kBalance,
-          {{"Caja y Bancos", 500},
-           {"Inv valor razonable y disp para la vta", 501},
-           {"Ctas por cobrar comerciales - terc", 502},
-           {"Ctas por cobrar comerciales - Relac", 503},
-           {"Ctas p cob per.acc, soc, dir y ger", 504},
-           {"Ctas por cobrar diversas - Terceros", 505},
-           {"Ctas por cobrar diversas - Relacionadas", 506},
-           {"Serv y otros contratados por anticipado", 507},
-           {"Estimación ctas de cobranza dudosa", 508},
-           {"Mercaderias", 509},
-           {"Productos terminados", 510},
-           {"Subprod., desechos y desperdicios", 511},
-           {"Productos en proceso", 512},
-           {"Materias primas", 513},
-           {"Materiales aux, suministros y repuestos", 514},
-           {"Envases y embalajes", 515},
-           {"Existencias por recibir", 516},
-           {"Desvalorización de Existencias", 517},
-           {"Activos no ctes mantenidos para la vta", 518},
-           {"Otros activos corrientes", 519},
-           {"Inversiones mobiliarias", 520},
-           {"Inversiones inmobiliarias (1)", 521},
-           {"Activ. Adq. en arrendamiento finan. (2)", 522},
-           {"Inmuebles, maquinaria y equipo", 523},
-           {"Depreciación (1) y (2) e IME acumulados", 524},
-           {"Intangibles", 525},
-           {"Activos biológicos", 526},
-           {"Deprec act biol, amort y agotam acum", 527},
-           {"Desvalorización de activo inmovilizado", 528},
-           {"Activo Diferido", 529},
-           {"Otros Activos no corrientes", 530},
-           {"TOTAL ACTIVO NETO", 531}});
+    filas(p, kBalance, BloqueInforme::Activo);
 }
 
 void pHojaPasivo(qint16 hoja)
 {
     inicioPagina(hoja);
     Pagina p = cabezaBalance(hoja, QStringLiteral("PASIVO"));
-    filas(p, kBalance,
-          {{"Sobregiros bancarios", 532},
-           {"Trib y aport sist pens y salud p pagar", 533},
-           {"Remuneraciones y part. por pagar", 534},
-           {"Ctas por pagar comerciales - Terceros ", 535},
-           {"Ctas por pagar comerciales - Relac", 536},
-           {"Ctas p pagar accion, directores y ger", 537},
-           {"Cuentas por pagar diversas - Terceros", 538},
-           {"Ctas por pagar diversas - Relacionadas", 539},
-           {"Obligaciones Financieras", 540},
-           {"Provisiones", 541},
-           {"Pasivo diferido", 542},
-           {"TOTAL PASIVO", 543}});
+    filas(p, kBalance, BloqueInforme::Pasivo);
 }
 
 void pHojaPatrimonio(qint16 hoja)
 {
     inicioPagina(hoja);
     Pagina p = cabezaBalance(hoja, QStringLiteral("PATRIMONIO"));
-    filas(p, kBalance,
-          {{"Capital", 544},
-           {"Acciones de inversión", 545},
-           {"Capital adicional", 546},
-           {"Resultados no realizados", 547},
-           {"Excedente de revaluación", 548},
-           {"Reservas", 549},
-           {"Resultados acumulados positivo", 550},
-           {"Resultados acumulados negativo", 551},
-           {"Utilidad de ejercicio", 552},
-           {"Pérdida del ejercicio", 553},
-           {"TOTAL PATRIMONIO", 554},
-           {"TOTAL PASIVO Y PATRIMONIO", 555}});
+    filas(p, kBalance, BloqueInforme::Patrimonio);
 
     p.avanza();
     p.titulo(QStringLiteral("II.-Estado de Pérdidas y Ganancias-Valores"), false, -1, 8500);
@@ -431,34 +364,7 @@ void pHojaPatrimonio(qint16 hoja)
     p.avanza();
     texto(6250, p.y, FechaBalance(G().gsPeriodoRpt), false, cuerpo(), hoja);
     p.avanza();
-    filas(p, kResultados,
-          {{"Ventas Netas o ingresos por servicios", 461},
-           {"(-) Descuentos, rebajas y bonificaciones concedidas", 462},
-           {"Ventas Netas", 463},
-           {"(-) Costo de Ventas", 464},
-           {"Resultado Bruto                      Utilidad", 466},
-           {"                                     Pérdida", 467},
-           {"(-) Gastos de venta", 468},
-           {"(-) Gastos de administración", 469},
-           {"Resultado de operación               Utilidad", 470},
-           {"                                     Pérdida", 471},
-           {"(-) Gastos financieros", 472},
-           {"(+) Ingresos financieros gravados", 473},
-           {"(+) Otros ingresos gravados", 475},
-           {"(+) Otros ingresos no gravados", 476},
-           {"(+) Enajenación de valores y bienes del activo fijo", 477},
-           {"(-) Costo enajenación de valores y bienes activo fijo", 478},
-           {"(-) Gastos diversos", 480},
-           {"REI del ejercicio                    Positivo", 481},
-           {"                                     Negativo", 483},
-           {"Resultado antes de participaciones   Utilidad", 484},
-           {"                                     Pérdida", 485},
-           {"(-) Distribución legal de la renta", 486},
-           {"Resultado antes del impuesto         Utilidad", 487},
-           {"                                     Pérdida", 489},
-           {"(-) Impuesto a la Renta", 490},
-           {"Resultado del ejercicio              Utilidad", 492},
-           {"                                     Pérdida", 493}});
+    filas(p, kResultados, BloqueInforme::Resultados);
 }
 
 void pHojaRenta(qint16 hoja)
@@ -469,22 +375,8 @@ void pHojaRenta(qint16 hoja)
     Pagina p{hoja, 2240};
 
     p.titulo(QStringLiteral("1.-  DETERMINACION DEL IMPUESTO A LA RENTA"), true, 9);
-    filas(p, kImpuesto,
-          {{"Utilidad antes del impuesto", 100},
-           {"Pérdida del ejercicio", 101},
-           {"(+) Adiciones para determinar la renta imponible", 103},
-           {"(-) Deducciones para determinar la renta imponible", 105},
-           {"Renta neta del ejercicio", 106},
-           {"Pérdida del ejercicio", 107},
-           {"(-) Pérdida tributaria compensable de ejercicios anteriores", 108},
-           {"Inversión en amazonía", 150},
-           {"Renta Neta Imponible", 110},
-           {"Pérdida tributaria del ejercicio", 111},
-           {"Impuesto a la Renta", 113},
-           {"Imp. a la Renta proyectado", 250},
-           {"Pagos a cuenta realizados", 251},
-           {"Saldo a favor del año anterior", 252},
-           {"Monto pendiente de pago", 253}});
+    filas(p, kImpuesto, BloqueInforme::Renta);
+    filas(p, kImpuesto, BloqueInforme::Mype);
     const QString c610 = nombrada(610);
     const QString coeficiente = ajusta(Format(c610, MascaraCoeficiente(g.gsPeriodoRpt, nombrada(609))), Val(c610) < 0 ? 17 : 16);
     p.fila(kImpuesto, QStringLiteral("Modificación del coeficiente o porcentaje"), QStringLiteral("610"), coeficiente);
@@ -568,10 +460,10 @@ void pHojaRenta(qint16 hoja)
     p.avanza();
     if (anho >= 2013) {
         p.titulo(QStringLiteral("ASISTENTE CASILLA 473"));
-        filasAnexo(p, {{"Ingresos financieros gravados", 650}, {"Ingresos financieros por diferencia de tipo de cambio", 651}});
+        filasAnexo(p, BloqueInforme::Anexo473);
     }
     p.titulo(QStringLiteral("ASISTENTE CASILLA 477"));
-    filasAnexo(p, {{"Ingresos afectos", 432}, {"Ingresos exonerados", 433}});
+    filasAnexo(p, BloqueInforme::Anexo477);
 }
 
 namespace {

@@ -122,6 +122,7 @@ private:
     QLineEdit* nuevaCasilla(int n);
     QLineEdit* nuevaCaja(const QString& nombre, Caja* caja, bool mascara = false);
     void filaCasilla(class QGridLayout* rejilla, int fila, int n, int columna = 0);
+    int filasDelMarco(class QGridLayout* rejilla, const char* marco, int fila, int columna = -1);
     QWidget* nuevoGrupo(const QString& nombre, GrupoOpciones& g, const QStringList& porDefecto,
                         const QVector<int>& orden, bool horizontal = true);
     QComboBox* nuevaLista(const QString& nombre, Lista& l);
