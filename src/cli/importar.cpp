@@ -11,6 +11,7 @@
 // standard error after its entrada, and a summary line at the end. The exit code is 2 when
 // any input was bad, else 1 when any was refused, else 0; the others are saved all the same.
 #include "basic/errores.h"
+#include "basic/periodo.h"
 #include "basic/respondedor_guion.h"
 #include "basic/texto.h"
 #include "cli/comandos.h"
@@ -39,12 +40,7 @@ namespace {
 QString periodoGrabado(const Frm931& frm)
 {
     const QString anio = Left(G().gsPeriodo, 4);
-    const bool antes2013 = Val(anio) < 2013;
-    switch (frm.CboBalance.ListIndex) {
-    case 0: return anio + (antes2013 ? QStringLiteral("01") : QStringLiteral("05"));
-    case 1: return anio + (antes2013 ? QStringLiteral("06") : QStringLiteral("08"));
-    default: return anio;
-    }
+    return anio + mesDeBalance(frm.CboBalance.ListIndex, Val(anio) >= 2013);
 }
 
 const QString kClave = QStringLiteral(" WHERE DOC_ID_D=? AND TIP_DOC_D=6 AND PERIODO=? AND FORMULARIO=?");

@@ -10,6 +10,7 @@
 #include "basic/errores.h"
 #include "basic/formato.h"
 #include "basic/msgbox.h"
+#include "basic/periodo.h"
 #include "basic/reloj.h"
 #include "basic/texto.h"
 #include "family/cutilqvl.h"
@@ -287,11 +288,7 @@ void Frm931::CmdGrabar_Click()
         // The period of the rows: the year of gsPeriodo and the month of the balance date.
         const QString anioPeriodo = Left(g.gsPeriodo, 4);
         const int y = static_cast<int>(Val(anioPeriodo));
-        QString sPeriodo = anioPeriodo;
-        if (CboBalance.ListIndex == 0)
-            sPeriodo += y < 2013 ? QStringLiteral("01") : QStringLiteral("05");
-        else if (CboBalance.ListIndex == 1)
-            sPeriodo += y < 2013 ? QStringLiteral("06") : QStringLiteral("08");
+        const QString sPeriodo = anioPeriodo + mesDeBalance(CboBalance.ListIndex, y >= 2013);
 
         // Regime and payment block.
         if (!optRenta.contestado()) {

@@ -5,6 +5,7 @@
 
 #include "basic/formato.h"
 #include "basic/msgbox.h"
+#include "basic/periodo.h"
 #include "basic/reloj.h"
 #include "basic/texto.h"
 #include "family/cutilqvl.h"
@@ -614,7 +615,7 @@ void Frm931::ponerTitulos(int indice)
 static void cerrarPresentacion(Frm931& f)
 {
     const QString& p = G().gsPeriodo;
-    f.TxtEjercicio.Text = Len(p) > 4 ? Right(p, 2) + QStringLiteral("/") + Left(p, 4) : QString();
+    f.TxtEjercicio.Text = Len(p) > 4 ? mesDelPeriodo(p) + QStringLiteral("/") + Left(p, 4) : QString();
     if (f.entorno)
         f.entorno->pBarraEstado(Trim(Left(f.CmbRuc.Text(), 11)), Trim(f.TxtRazon.Text), G().gsPeriodo, G().gsFormulario);
     f.Calcular113();
@@ -630,13 +631,13 @@ void Frm931::Presentacion()
     case 0:
         LblPresentacion.Caption = QStringLiteral("Vencimiento del periodo 06");
         ponerTitulos(0);
-        G().gsPeriodo = QString::number(hoy.year()) + QStringLiteral("01");
+        G().gsPeriodo = QString::number(hoy.year()) + mesDeBalance(0, false);
         break;
     case 1:
         LblPresentacion.Caption = QStringLiteral("Vencimiento del periodo 12");
         ponerTitulos(1);
         if (OptInicio.b[0].Enabled)
-            G().gsPeriodo = QString::number(hoy.month() == 1 ? hoy.year() - 1 : hoy.year()) + QStringLiteral("06");
+            G().gsPeriodo = QString::number(hoy.month() == 1 ? hoy.year() - 1 : hoy.year()) + mesDeBalance(1, false);
         break;
     default:
         LblPresentacion.Caption.clear();
@@ -655,12 +656,12 @@ void Frm931::Presentacion2013()
     switch (CboBalance.ListIndex) {
     case 0:
         ponerTitulos(0);
-        G().gsPeriodo = QString::number(hoy.year()) + QStringLiteral("05");
+        G().gsPeriodo = QString::number(hoy.year()) + mesDeBalance(0, true);
         break;
     case 1:
         ponerTitulos(1);
         if (OptInicio.b[0].Enabled)
-            G().gsPeriodo = QString::number(hoy.month() == 1 ? hoy.year() - 1 : hoy.year()) + QStringLiteral("08");
+            G().gsPeriodo = QString::number(hoy.month() == 1 ? hoy.year() - 1 : hoy.year()) + mesDeBalance(1, true);
         break;
     default:
         LblPresentacion.Caption.clear();

@@ -9,6 +9,7 @@
 #include "basic/errores.h"
 #include "basic/formato.h"
 #include "basic/msgbox.h"
+#include "basic/periodo.h"
 #include "basic/reloj.h"
 #include "basic/texto.h"
 #include "family/cutilqvl.h"
@@ -162,7 +163,7 @@ struct Lectura {
 
     bool periodoInvalido(int anio) const
     {
-        const QString mes = Right(G().gsPeriodo, 2);
+        const QString mes = mesDelPeriodo(G().gsPeriodo);
         return anio >= 2013 && (mes == QLatin1String("01") || mes == QLatin1String("06"));
     }
 
@@ -275,20 +276,11 @@ void Frm931::ValidaFormulario()
     // The period follows the balance date, silently.
     const int y = anio();
     const QString anioPeriodo = Left(g.gsPeriodo, 4);
-    if (y < 2013) {
-        if (CboBalance.ListIndex == 0)
-            g.gsPeriodo = anioPeriodo + QStringLiteral("01");
-        else if (CboBalance.ListIndex == 1)
-            g.gsPeriodo = anioPeriodo + QStringLiteral("06");
-    } else {
-        const QString mes = Right(g.gsPeriodo, 2);
-        if (mes != QLatin1String("01") && mes != QLatin1String("06")) {
-            if (CboBalance.ListIndex == 0)
-                g.gsPeriodo = anioPeriodo + QStringLiteral("05");
-            else if (CboBalance.ListIndex == 1)
-                g.gsPeriodo = anioPeriodo + QStringLiteral("08");
-        }
-    }
+    // From 2013 a period of the first half (01, 06) keeps its month.
+    const QString mes = mesDelPeriodo(g.gsPeriodo);
+    const bool fija = y >= 2013 && (mes == QLatin1String("01") || mes == QLatin1String("06"));
+    if (!fija && (CboBalance.ListIndex == 0 || CboBalance.ListIndex == 1))
+        g.gsPeriodo = anioPeriodo + mesDeBalance(CboBalance.ListIndex, y >= 2013);
 
     // A new declaration must not repeat a stored one.
     if (miModo == 0 && OptInicio.b.value(0).Enabled) {

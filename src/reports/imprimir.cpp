@@ -3,6 +3,7 @@
 #include "basic/errores.h"
 #include "basic/formato.h"
 #include "basic/msgbox.h"
+#include "basic/periodo.h"
 #include "basic/texto.h"
 #include "reports/informe.h"
 #include "reports/previa.h"
@@ -173,7 +174,7 @@ bool ModeloImprimir::prepararReporte()
     Globales& g = G();
     const QStringList& f = filas[filaActual];
     g.gsRucRpt = Trim(f[ColDocId]);
-    g.gsPeriodoRpt = Left(f[ColPeriodof], 4) + Right(f[ColPeriodof], 2);
+    g.gsPeriodoRpt = Left(f[ColPeriodof], 4) + mesDelPeriodo(f[ColPeriodof]);
     g.gsNombreRpt = f[ColNombre];
     g.gsCorrelRpt = f[ColCorrel];
     g.gsOrdenRpt = f[ColNorden];

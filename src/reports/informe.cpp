@@ -3,6 +3,7 @@
 #include "basic/errores.h"
 #include "basic/formato.h"
 #include "basic/msgbox.h"
+#include "basic/periodo.h"
 #include "basic/texto.h"
 #include "family/cutilqvl.h"
 #include "form931/casillas.h"
@@ -248,7 +249,7 @@ Pagina cabezaBalance(qint16 hoja, const QString& rubro)
 
 QString FechaBalance(const QString& periodo)
 {
-    const QString mes = Right(periodo, 2);
+    const QString mes = mesDelPeriodo(periodo);
     if (mes == QLatin1String("01"))
         return QStringLiteral("   Al 31 de Enero");
     if (mes == QLatin1String("06"))
@@ -274,7 +275,7 @@ QString MascaraCoeficiente(const QString& periodo, const QString& sistema)
     const QString cuatro = QStringLiteral("###,###,##0.0000;(###,###,##0.0000)");
     const QString dos = QStringLiteral("###,###,##0.00;(###,###,##0.00)");
     const bool anual = sistema == QLatin1String("A");
-    const QString mes = Mid(periodo, 5, 2);
+    const QString mes = mesDelPeriodo(periodo);
     if (Val(Left(periodo, 4)) < 2013 || mes == QLatin1String("01") || mes == QLatin1String("06"))
         return anual ? cuatro : dos;
     return QStringLiteral("###,###,##0.###0;(###,###,##0.###0)");
@@ -291,7 +292,7 @@ void pCabecera(qint16 hoja)
     cuadro(150, 300, 1700, 1640, hoja);
     texto(3000, 400, QStringLiteral("MODIFICACIÓN DE COEFICIENTE O PORCENTAJE"), true, 9, hoja);
     texto(3750, 830,
-          QStringLiteral("Ejercicio gravable ") + Mid(g.gsPeriodoRpt, 5, 2) + QLatin1Char('/') + Mid(g.gsPeriodoRpt, 1, 4),
+          QStringLiteral("Ejercicio gravable ") + mesDelPeriodo(g.gsPeriodoRpt) + QLatin1Char('/') + Mid(g.gsPeriodoRpt, 1, 4),
           false, 8, hoja);
     cuadro(1700, 300, 8500, 1100, hoja);
     texto(1750, 1170, QStringLiteral("RUC"), false, c, hoja);

@@ -1,6 +1,7 @@
 #include "shell/comandos.h"
 
 #include "basic/formato.h"
+#include "basic/periodo.h"
 #include "basic/reloj.h"
 #include "basic/texto.h"
 #include "family/cutilqvl.h"
@@ -50,7 +51,7 @@ QString periodoEnBarra(const QString& periodo)
 {
     if (Len(Trim(periodo)) <= 5)
         return QString();
-    return Left(periodo, 4) + QStringLiteral("/") + Right(periodo, 2);
+    return Left(periodo, 4) + QStringLiteral("/") + mesDelPeriodo(periodo);
 }
 
 void pBarraEstado(const QString& ruc, const QString& nombre, const QString& periodo, const QString& formulario)
