@@ -304,7 +304,7 @@ void Frm931::IngresoNetos(double& dIngresos)
     // The projection is offered only up to 300 UIT of net income.
     if (300 * Val(msUit) < i) {
         marco(QStringLiteral("frmMype")).Visible = false;
-        for (int n = 250; n <= 253; ++n)
+        for (int n : casillasConMarca(kSoloMype))
             setTxt(n, QString());
     } else {
         marco(QStringLiteral("frmMype")).Visible = true;

@@ -57,6 +57,8 @@ const QVector<const DefCasilla*>& filasCasillas();
 const DefCasilla* defCasilla(int numero);     // nullptr: no row of that number
 bool existeCasilla(int numero);               // a box of the form
 bool tieneMarca(int numero, unsigned marca);
+// The boxes with a mark, in the table's order (kSoloMype: 250 to 253).
+QVector<int> casillasConMarca(unsigned marca);
 // The boxes of one frame, by row (and column), as the window lays them out; a column of -1
 // takes every column.
 QVector<const DefCasilla*> casillasDelMarco(const char* marco, int columna = -1);

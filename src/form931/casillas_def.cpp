@@ -359,6 +359,15 @@ bool tieneMarca(int numero, unsigned marca)
     return d && (d->marcas & marca);
 }
 
+QVector<int> casillasConMarca(unsigned marca)
+{
+    QVector<int> v;
+    for (int n : ordenCasillas())
+        if (tieneMarca(n, marca))
+            v << n;
+    return v;
+}
+
 QVector<const DefCasilla*> casillasDelMarco(const char* marco, int columna)
 {
     QVector<const DefCasilla*> v;

@@ -438,7 +438,7 @@ void Frm931::CmdGrabar_Click()
             ejecutar(QStringLiteral("DELETE FROM DET") + kCadenaTrabajo, {sRuc, sPeriodo, g.gsFormulario});
             // The boxes, in their order.
             if (!optRenta.valor(5))
-                for (int n = 250; n <= 253; ++n)
+                for (int n : casillasConMarca(kSoloMype))
                     setTxt(n, QString());
             for (int n : mvCasillas)
                 pGrabaCasilla(codigoCasilla(n), Trim(txt(n)), sRuc, sPeriodo);

@@ -342,8 +342,11 @@ private:
             teclearControl(QStringLiteral("TxtNombreN"), valor("816"), "816");
         if (tiene("209") && !valor("209").isEmpty())
             elegirLinea(frm.CmbZona, QStringLiteral("CmbZona"), valor("209"), true, "209");
-        for (int n : {208, 211, 212}) {
+        for (const DefCasilla* d : casillasDelMarco("Frame6")) {
+            const int n = d->numero;
             const QString codigo = codigoCasilla(n);
+            if (*d->control)
+                continue;   // taken from its list above
             if (e.casillas.contains(codigo))
                 teclearCasilla(n, e.casillas.value(codigo));
         }

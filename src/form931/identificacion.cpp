@@ -97,7 +97,7 @@ void Frm931::mostrarMarcosRegimen(int Index, bool abrirMarcos)
         marco(QStringLiteral("frmMype")).Visible = true;
     } else {
         marco(QStringLiteral("frmMype")).Visible = false;
-        for (int n = 250; n <= 253; ++n)
+        for (int n : casillasConMarca(kSoloMype))
             setTxt(n, QString());
     }
     if (!abrirMarcos)
