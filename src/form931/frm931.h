@@ -8,7 +8,8 @@
 //
 // The member functions are implemented by concern:
 //   frm931.cpp          controls and their design state, focus and the tab order
-//   casillas_def.cpp    the master table of boxes
+//   casillas_def.cpp    the master table of boxes and items (read also by the window, the
+//                       command, the exporter and the report)
 //   casillas.cpp        box array, editing, focus, keys, pairs, help lines, tab pages
 //   identificacion.cpp  identification, regime groups, payment block, captions and period
 //   calculo.cpp         computation chain, tax, rate and coefficient
