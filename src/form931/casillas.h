@@ -62,8 +62,9 @@ QVector<int> casillasConMarca(unsigned marca);
 // The boxes of one frame, by row (and column), as the window lays them out; a column of -1
 // takes every column.
 QVector<const DefCasilla*> casillasDelMarco(const char* marco, int columna = -1);
-// The boxes with a line in a block of the printed declaration, in the table's order.
-QVector<const DefCasilla*> casillasDelBloque(BloqueInforme bloque);
+// The boxes with a line in a block of the printed declaration, in the table's order; with a
+// year, only those printed in that year.
+QVector<const DefCasilla*> casillasDelBloque(BloqueInforme bloque, int anio = 0);
 // The carriers of the annex of an assistant box (473: 650 and 651; 477: 432 and 433), empty
 // for any other box.
 QVector<int> partesDelAnexo(int numero);

@@ -380,11 +380,11 @@ QVector<const DefCasilla*> casillasDelMarco(const char* marco, int columna)
     return v;
 }
 
-QVector<const DefCasilla*> casillasDelBloque(BloqueInforme bloque)
+QVector<const DefCasilla*> casillasDelBloque(BloqueInforme bloque, int anio)
 {
     QVector<const DefCasilla*> v;
     for (const DefCasilla& d : kCasillas)
-        if (d.bloque == bloque)
+        if (d.bloque == bloque && !(anio > 0 && anio < 2013 && (d.marcas & kDesde2013)))
             v << &d;
     return v;
 }

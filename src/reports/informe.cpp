@@ -459,7 +459,7 @@ void pHojaRenta(qint16 hoja)
 
     // Annexes.
     p.avanza();
-    if (anho >= 2013) {
+    if (!casillasDelBloque(BloqueInforme::Anexo473, anho).isEmpty()) {
         p.titulo(QStringLiteral("ASISTENTE CASILLA 473"));
         filasAnexo(p, BloqueInforme::Anexo473);
     }
