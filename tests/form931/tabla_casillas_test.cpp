@@ -83,8 +83,9 @@ TEST(TablaCasillas, CadaCasillaMostradaTieneSuParada)
     for (int n : ordenCasillas()) {
         const bool portador = qstrcmp(defCasilla(n)->marco, "portadores") == 0;
         EXPECT_EQ(orden.count(Frm931::nombreCasilla(n)), portador ? 0 : 1) << n;
-        if (!portador)
+        if (!portador) {
             EXPECT_GE(Frm931::ubicacion(Frm931::nombreCasilla(n)).paginaSSTab1, 0) << n;
+        }
     }
 }
 
